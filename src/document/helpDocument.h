@@ -1,0 +1,23 @@
+// The help document: parsing a host's text, the checks of its shape, and its `cabinet` element.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "platform/dom.h"
+#include "platform/message.h"
+
+namespace tavisk {
+
+struct HelpDocument {
+    std::unique_ptr<dom::Document> articledoc;
+    dom::Node* cabinet = nullptr;  ///< the one element of that name
+};
+
+/// The document, or the message that tells the user why it cannot be used.
+std::variant<HelpDocument, Message> openHelpDocument(dom::Source source);
+
+}  // namespace tavisk

@@ -1,0 +1,86 @@
+// One editing session: the document with its catalogue, lists, selection and panel, from loading to
+// saving, without a window.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editor/nodePanel.h"
+#include "formulas/formulaCatalogue.h"
+#include "platform/dom.h"
+#include "platform/files.h"
+#include "platform/message.h"
+
+namespace tavisk {
+
+/// A drop-down list: its entries and the chosen one.
+struct DropDownList {
+    std::vector<std::string> entries;
+    std::optional<std::size_t> index;
+
+    std::string_view text() const;
+    void clear();
+    /// Chooses the first entry of this text.
+    void choose(std::string_view text);
+};
+
+/// The state of the editor form while it is loaded. Members are what the commands work on.
+class HelpSession {
+public:
+    /// `folder` is the component's folder, without a trailing separator.
+    HelpSession(Files& files, std::string folder);
+
+    enum class Keep { nothing, savedText };
+
+    /// Loads a document: everything that was there is gone first. A document whose shape is wrong
+    /// gives the message for the user and leaves the session unloaded; a run-time error travels,
+    /// and leaves it unloaded too. `Keep::nothing` takes no `lastsave` and `xmlText`, for callers
+    /// that only render or save.
+    std::optional<Message> load(dom::Source source, Keep keep = Keep::savedText);
+    void unload() noexcept;
+    bool loaded() const noexcept { return articledoc != nullptr; }
+
+    /// All or nothing: removes the generated picture, exports the formulas, and sets `xmlText` and
+    /// `lastsave` to the result.
+    void saveDocument();
+
+    /// Appends the marker of the selected row and saves, all or nothing.
+    void refresh();
+
+    /// Whether the document differs from `lastsave`, by its text.
+    bool changed() const;
+
+    /// Writes the page, with pictures and expanded texts when `evaluateFormula` is set, and returns
+    /// its path.
+    std::string generatepreview(bool evaluateFormula);
+
+    const std::string& imageTemp() const noexcept { return IMG_TEMP; }
+    Files& files() noexcept { return files_; }
+
+    std::unique_ptr<dom::Document> articledoc;
+    dom::Node* baseXMLNode = nullptr;
+    dom::Node* currentnode = nullptr;  ///< the element being edited
+    dom::Node* selectedRow = nullptr;  ///< the selected row of the tree, by its DOM node
+    dom::OwnedNode clipboardnode;
+    FormulaCatalogue formulaCatalogue;
+    DropDownList lstFormulas;
+    DropDownList lstImages;
+    NodePanel panel;
+    std::string lastsave;
+    std::string xmlText;
+
+private:
+    void loadChecked(HelpSession& session);
+    void addGeneratedPicture();
+    void fillFormulaList();
+    void fillImageList();
+
+    Files& files_;
+    std::string folder_;
+    std::string IMG_TEMP;
+};
+
+}  // namespace tavisk

@@ -1,0 +1,15 @@
+// Serialises the tree; reading the result gives the same tree again.
+#pragma once
+
+#include <string>
+
+#include "platform/dom.h"
+
+namespace tavisk {
+
+/// The XML declaration and CR LF come first only if the document came with a declaration. No white
+/// space is added between nodes.
+std::string writeXml(const dom::Document& document);
+std::string writeXml(const dom::Node& node);
+
+}  // namespace tavisk
