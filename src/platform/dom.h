@@ -106,6 +106,12 @@ private:
     NodeType type_ = NodeType::element;
 };
 
+/// The node after `node` in document order among those below `top`; null after the last.
+Node* nextInDocument(const Node& node, const Node& top) noexcept;
+
+/// The same, leaving out everything below `node`.
+Node* nextAfterSubtree(const Node& node, const Node& top) noexcept;
+
 /// A node outside the tree, owned by whoever holds this. Must not outlive its document.
 class OwnedNode {
 public:
@@ -151,10 +157,8 @@ public:
 
     bool hasDeclaration() const noexcept { return hasDeclaration_; }
 
-    /// Elements with this qualified name below `from` (the whole document by default), in document
-    /// order.
+    /// Elements with this qualified name, in document order.
     std::vector<Node*> elementsByTagName(std::string_view name) const;
-    static std::vector<Node*> elementsByTagName(const Node& from, std::string_view name);
 
     OwnedNode createElement(std::string_view name);
     /// Text, CDATA section, comment or instruction; `name` is the instruction's target.
@@ -188,6 +192,8 @@ private:
     void store(Text& text, std::string_view value);
     void copyText(Text& to, const Text& from);
     void dropText(Text& text) noexcept;
+    const Name* nameFor(NodeType type, std::string_view name);
+    void reserveAttributes(Node& element, std::size_t count);
     Attribute& growAttributes(Node& element);
     Node* cloneOne(const Node& node);
     void link(Node& parent, Node* child, Node* before) noexcept;
@@ -198,33 +204,11 @@ private:
     Source source_;
     std::unordered_map<std::string_view, Name> names_;
     Node root_;
-    Node* freeNodes_ = nullptr;
+    std::vector<std::unique_ptr<Node[]>> nodeBlocks_;
+    std::size_t nodesLeft_ = 0;  ///< unused nodes at the end of the last block
+    Node* freeNodes_ = nullptr;  ///< linked by `next_`
     bool hasDeclaration_ = false;
     mutable std::size_t sizeHint_ = 0;
-};
-
-/// The parser's way in: fills a document without the checks that the parser has made already.
-/// Views must lie inside the document's source when `borrowed` is set.
-class TreeBuilder {
-public:
-    TreeBuilder(Document& document, Source source);
-
-    std::string_view source() const noexcept;
-    void setDeclaration(bool present) noexcept;
-    Node& beginElement(std::string_view prefix, std::string_view local);
-    void reserveAttributes(std::size_t count);
-    void attribute(std::string_view prefix, std::string_view local, std::string_view text);
-    void endElement() noexcept;
-    void data(NodeType type, std::string_view text, std::string_view name = {});
-    Node& current() noexcept { return *current_; }
-
-private:
-    const Name* name(std::string_view prefix, std::string_view local);
-    void put(Text& text, std::string_view value);
-
-    Document& document_;
-    Node* current_;
-    std::string scratch_;
 };
 
 }  // namespace tavisk::dom

@@ -53,7 +53,8 @@ std::size_t skipAscii(std::string_view text, std::size_t at) noexcept {
         if (any >= 0x80) break;
         at += block;
     }
-    while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80) ++at;
+    while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80)
+        ++at;
     return at;
 }
 
@@ -62,12 +63,14 @@ std::size_t numberLength(std::string_view text) noexcept {
     std::size_t at = 0;
     if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
     const std::size_t digits = at;
-    while (at < text.size() && isDigit(text[at])) ++at;
+    while (at < text.size() && isDigit(text[at]))
+        ++at;
     std::size_t count = at - digits;
     if (at < text.size() && text[at] == '.') {
         const std::size_t fraction = at + 1;
         std::size_t end = fraction;
-        while (end < text.size() && isDigit(text[end])) ++end;
+        while (end < text.size() && isDigit(text[end]))
+            ++end;
         if (count + (end - fraction) > 0) {
             count += end - fraction;
             at = end;
@@ -78,7 +81,8 @@ std::size_t numberLength(std::string_view text) noexcept {
         std::size_t end = at + 1;
         if (end < text.size() && (text[end] == '+' || text[end] == '-')) ++end;
         const std::size_t exponent = end;
-        while (end < text.size() && isDigit(text[end])) ++end;
+        while (end < text.size() && isDigit(text[end]))
+            ++end;
         if (end > exponent) at = end;
     }
     return at;
@@ -91,22 +95,27 @@ double valueOf(std::string_view text) noexcept {
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::result_out_of_range) {
-        // Too large or too small for a double: the exponent's sign tells which.
+        // Too large or too small for a double; only a negative exponent or a fraction is small.
         const std::size_t e = text.find_first_of("eE");
-        const bool tiny = e != std::string_view::npos && text.substr(e + 1).starts_with('-');
+        const bool tiny = e == std::string_view::npos
+                              ? text.substr(0, text.find_first_not_of('0')).size() < text.size() &&
+                                    text[text.find_first_not_of('0')] == '.'
+                              : text.substr(e + 1).starts_with('-');
         value = tiny ? 0.0 : std::numeric_limits<double>::infinity();
     }
     return negative ? -value : value;
 }
 
 std::string_view trimLeft(std::string_view text) {
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
     return text;
 }
 
 std::string_view trim(std::string_view text) {
     text = trimLeft(text);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
     return text;
 }
 
@@ -163,7 +172,8 @@ std::u16string toUtf16(std::string_view utf8) {
     std::size_t at = 0;
     while (at < utf8.size()) {
         const std::size_t end = skipAscii(utf8, at);
-        for (; at < end; ++at) out[to++] = static_cast<unsigned char>(utf8[at]);
+        for (; at < end; ++at)
+            out[to++] = static_cast<unsigned char>(utf8[at]);
         if (at == utf8.size()) break;
         const auto byte = [&](std::size_t i) {
             return static_cast<char32_t>(static_cast<unsigned char>(utf8[at + i]));

@@ -1,0 +1,44 @@
+#include "platform/treeBuilder.h"
+
+#include <functional>
+#include <utility>
+
+namespace tavisk::dom {
+
+TreeBuilder::TreeBuilder(Document& document, Source source)
+    : document_(document), current_(&document.root_) {
+    document_.source_ = std::move(source);
+}
+
+void TreeBuilder::beginElement(const Name* name, std::size_t attributeCount) {
+    Node* const element = document_.newNode(NodeType::element, name);
+    document_.link(*current_, element, nullptr);
+    current_ = element;
+    if (attributeCount != 0) document_.reserveAttributes(*element, attributeCount);
+}
+
+void TreeBuilder::attribute(const Name* name, std::string_view text) {
+    Attribute& attribute = document_.growAttributes(*current_);
+    attribute.name_ = name;
+    put(attribute.text_, text);
+}
+
+void TreeBuilder::data(NodeType type, std::string_view text, std::string_view name) {
+    Node* const node = document_.newNode(type, document_.nameFor(type, name));
+    document_.link(*current_, node, nullptr);
+    put(node->text_, text);
+}
+
+void TreeBuilder::put(Text& text, std::string_view value) {
+    const std::string_view all = source();
+    const std::less_equal<const char*> notAfter;
+    if (notAfter(all.data(), value.data()) &&
+        notAfter(value.data() + value.size(), all.data() + all.size())) {
+        text.data_ = value.data();
+        text.size_ = static_cast<std::uint32_t>(value.size());
+    } else {
+        document_.store(text, value);
+    }
+}
+
+}  // namespace tavisk::dom

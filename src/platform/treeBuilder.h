@@ -1,0 +1,42 @@
+// The parser's way into a document: fills it without the checks that the parser has made already.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "platform/dom.h"
+
+namespace tavisk::dom {
+
+/// Builds from the document node downwards. Texts that lie inside the document's source are
+/// referred to, all others are copied.
+class TreeBuilder {
+public:
+    TreeBuilder(Document& document, Source source);
+
+    /// What the document keeps of the bytes given; they end with a NUL.
+    std::string_view source() const noexcept {
+        return {document_.source_.bytes.get(), document_.source_.size};
+    }
+
+    void setDeclaration(bool present) noexcept { document_.hasDeclaration_ = present; }
+
+    const Name* name(std::string_view qualified) { return document_.intern(qualified); }
+
+    void beginElement(const Name* name, std::size_t attributeCount);
+    /// At most as many as announced.
+    void attribute(const Name* name, std::string_view text);
+    void endElement() noexcept { current_ = current_->parent_; }
+
+    /// A text, CDATA section, comment, instruction (`name`: its target) or document type (`name`:
+    /// its name, `text`: as written).
+    void data(NodeType type, std::string_view text, std::string_view name = {});
+
+private:
+    void put(Text& text, std::string_view value);
+
+    Document& document_;
+    Node* current_;
+};
+
+}  // namespace tavisk::dom

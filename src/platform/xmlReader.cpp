@@ -1,0 +1,425 @@
+#include "platform/xmlReader.h"
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <cstdint>
+#include <exception>
+#include <memory>
+#include <utility>
+
+#include <libxml/parser.h>
+#include <libxml/xmlerror.h>
+
+#include "platform/text.h"
+#include "platform/treeBuilder.h"
+
+namespace tavisk {
+namespace {
+
+using dom::NodeType;
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+// NOENT: without it attributes arrive with "&#38;" in place of "&amp;". HUGE lifts the limit on the
+// length of texts, and with it the guard against entity bombs: entity declarations are refused.
+// IGNORE_ENC together with the encoding argument: what a declaration says does not matter.
+constexpr int parseOptions =
+    XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_IGNORE_ENC | XML_PARSE_BIG_LINES | XML_PARSE_NOENT;
+
+std::string_view view(const xmlChar* text) {
+    return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
+}
+
+std::string_view view(const xmlChar* from, const xmlChar* to) {
+    return {reinterpret_cast<const char*>(from), static_cast<std::size_t>(to - from)};
+}
+
+bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
+std::size_t skipBlanks(std::string_view text, std::size_t at) {
+    while (at < text.size() && isBlank(text[at]))
+        ++at;
+    return at;
+}
+
+std::string oneLine(std::string_view message) {
+    std::string line(message);
+    std::ranges::replace(line, '\n', ' ');
+    while (!line.empty() && isBlank(line.back()))
+        line.pop_back();
+    return line;
+}
+
+struct FreeContext {
+    void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
+};
+
+class Reader {
+public:
+    explicit Reader(dom::TreeBuilder& builder) : builder_(builder), source_(builder.source()) {}
+
+    /// False after an error; `reason` and `line` tell it.
+    bool parse() {
+        if (!checkBytes()) return false;
+        xmlInitParser();
+        const std::unique_ptr<xmlParserCtxt, FreeContext> context(xmlNewParserCtxt());
+        if (!context) throw std::bad_alloc();
+        context_ = context.get();
+        *context_->sax = handler();
+        context_->userData = this;
+        xmlCtxtReadDoc(context_, reinterpret_cast<const xmlChar*>(source_.data()), nullptr, "UTF-8",
+                       parseOptions);
+        if (thrown_) std::rethrow_exception(thrown_);
+        if (reason.empty() && !context_->wellFormed) record(lastReason_, lastLine_);
+        return reason.empty();
+    }
+
+    std::string reason;
+    int line = 0;
+
+private:
+    // What the parser does not notice, or gives a misleading reason for.
+    bool checkBytes() {
+        if (source_.starts_with(byteOrderMark)) source_.remove_prefix(byteOrderMark.size());
+        std::size_t bad = source_.find('\0');
+        if (bad != std::string_view::npos) {
+            record("The text contains a NUL character", lineAt(bad));
+        } else if ((bad = findInvalidUtf8(source_)) != std::string_view::npos) {
+            record("The text is not valid Unicode", lineAt(bad));
+        } else if (source_.empty()) {
+            record("The document is empty", 1);
+        } else if (source_.size() >= INT_MAX) {
+            record("The document is too large", 1);
+        }
+        return reason.empty();
+    }
+
+    int lineAt(std::size_t offset) const {
+        return 1 + static_cast<int>(std::ranges::count(source_.substr(0, offset), '\n'));
+    }
+
+    void record(std::string why, int where) {
+        if (!reason.empty()) return;
+        reason = why.empty() ? "The document cannot be read" : std::move(why);
+        line = where;
+    }
+
+    void stop(const char* why) {
+        record(why, context_->input == nullptr ? 1 : context_->input->line);
+        context_->wellFormed = 0;
+        xmlStopParser(context_);
+    }
+
+    /// Runs one event. Exceptions must not cross the parser's C code.
+    template <class Event>
+    static void event(void* self, Event handle) {
+        auto& reader = *static_cast<Reader*>(self);
+        if (reader.thrown_) return;
+        try {
+            handle(reader);
+        } catch (...) {
+            reader.thrown_ = std::current_exception();
+            xmlStopParser(reader.context_);
+        }
+    }
+
+    static xmlSAXHandler handler() {
+        xmlSAXHandler sax{};
+        sax.initialized = XML_SAX2_MAGIC;
+        sax.startElementNs = [](void* self, const xmlChar* local, const xmlChar* prefix,
+                                const xmlChar*, int namespaceCount, const xmlChar** namespaces,
+                                int attributeCount, int, const xmlChar** attributes) {
+            event(self, [&](Reader& reader) {
+                reader.startElement(prefix, local,
+                                    {namespaces, static_cast<std::size_t>(namespaceCount)},
+                                    {attributes, static_cast<std::size_t>(attributeCount)});
+            });
+        };
+        sax.endElementNs = [](void* self, const xmlChar*, const xmlChar*, const xmlChar*) {
+            event(self, [](Reader& reader) { reader.endElement(); });
+        };
+        sax.characters = [](void* self, const xmlChar* text, int length) {
+            event(self, [&](Reader& reader) { reader.characters(view(text, text + length)); });
+        };
+        // The same function: otherwise the parser judges white space by rules of its own.
+        sax.ignorableWhitespace = sax.characters;
+        sax.cdataBlock = [](void* self, const xmlChar* text, int length) {
+            event(self,
+                  [&](Reader& reader) { reader.data(NodeType::cdata, view(text, text + length)); });
+        };
+        sax.comment = [](void* self, const xmlChar* text) {
+            event(self, [&](Reader& reader) { reader.data(NodeType::comment, view(text)); });
+        };
+        sax.processingInstruction = [](void* self, const xmlChar* target, const xmlChar* text) {
+            event(self, [&](Reader& reader) {
+                reader.data(NodeType::instruction, view(text), view(target));
+            });
+        };
+        sax.internalSubset = [](void* self, const xmlChar* name, const xmlChar*, const xmlChar*) {
+            event(self, [&](Reader& reader) { reader.beginDocumentType(view(name)); });
+        };
+        // Called behind every document type; nothing is loaded here.
+        sax.externalSubset = [](void* self, const xmlChar*, const xmlChar*, const xmlChar*) {
+            event(self, [](Reader& reader) { reader.endDocumentType(); });
+        };
+        sax.entityDecl = [](void* self, const xmlChar*, int, const xmlChar*, const xmlChar*,
+                            xmlChar*) { refuseEntity(self); };
+        sax.unparsedEntityDecl = [](void* self, const xmlChar*, const xmlChar*, const xmlChar*,
+                                    const xmlChar*) { refuseEntity(self); };
+        sax.serror = [](void* self, xmlErrorPtr error) {
+            event(self, [&](Reader& reader) { reader.parserError(*error); });
+        };
+        return sax;
+    }
+
+    static void refuseEntity(void* self) {
+        event(self, [](Reader& reader) { reader.stop("Entity declarations are not allowed"); });
+    }
+
+    void parserError(const xmlError& error) {
+        const bool badNamespace = error.domain == XML_FROM_NAMESPACE &&
+                                  error.level >= XML_ERR_ERROR && error.code != XML_WAR_NS_URI;
+        const bool decides =
+            error.level == XML_ERR_FATAL || badNamespace || error.code == XML_WAR_UNDECLARED_ENTITY;
+        if (decides) record(oneLine(error.message == nullptr ? "" : error.message), error.line);
+        lastReason_ = oneLine(error.message == nullptr ? "" : error.message);
+        lastLine_ = error.line;
+    }
+
+    /// The parser hands out one pointer per name, so pointers stand for names here.
+    const dom::Name* name(const xmlChar* prefix, const xmlChar* local) {
+        const auto hash = (reinterpret_cast<std::uintptr_t>(local) >> 3) ^
+                          (reinterpret_cast<std::uintptr_t>(prefix) >> 5);
+        CachedName& cached = names_[hash % names_.size()];
+        if (cached.name == nullptr || cached.local != local || cached.prefix != prefix) {
+            cached = {prefix, local, builder_.name(qualified(prefix, local))};
+        }
+        return cached.name;
+    }
+
+    static std::string qualified(const xmlChar* prefix, const xmlChar* local) {
+        if (prefix == nullptr) return std::string(view(local));
+        return std::string(view(prefix)).append(":").append(view(local));
+    }
+
+    struct Namespaces {
+        const xmlChar** pairs;  ///< prefix (null for the default namespace), address
+        std::size_t count;
+    };
+    struct Attributes {
+        const xmlChar** fields;  ///< five each: local name, prefix, address, text, end of text
+        std::size_t count;
+
+        const xmlChar* local(std::size_t i) const { return fields[i * 5]; }
+        const xmlChar* prefix(std::size_t i) const { return fields[i * 5 + 1]; }
+        std::string_view text(std::size_t i) const {
+            return view(fields[i * 5 + 3], fields[i * 5 + 4]);
+        }
+    };
+
+    void startElement(const xmlChar* prefix, const xmlChar* local, Namespaces namespaces,
+                      Attributes attributes) {
+        flushText();
+        if (++depth_ > dom::maxDepth) {
+            stop("Nesting deeper than 1,000 elements");
+            return;
+        }
+        builder_.beginElement(name(prefix, local), namespaces.count + attributes.count);
+        if (namespaces.count == 0) {
+            for (std::size_t i = 0; i < attributes.count; ++i)
+                addAttribute(attributes, i);
+        } else {
+            addInWrittenOrder(namespaces, attributes);
+        }
+        for (std::size_t i = 0; i < attributes.count && preserveDepth_ == 0; ++i) {
+            if (attributes.text(i) == "preserve" && view(attributes.local(i)) == "space" &&
+                view(attributes.prefix(i)) == "xml") {
+                preserveDepth_ = depth_;
+            }
+        }
+    }
+
+    void addAttribute(const Attributes& attributes, std::size_t i) {
+        builder_.attribute(name(attributes.prefix(i), attributes.local(i)), attributes.text(i));
+    }
+
+    // Namespace declarations come apart from the attributes: the tag itself tells where they stood.
+    void addInWrittenOrder(Namespaces namespaces, Attributes attributes) {
+        std::vector<bool> added(attributes.count);
+        std::vector<bool> declared(namespaces.count);
+        const auto declare = [&](std::size_t n) {
+            const xmlChar* prefix = namespaces.pairs[n * 2];
+            const std::string attributeName =
+                prefix == nullptr ? "xmlns" : "xmlns:" + std::string(view(prefix));
+            builder_.attribute(builder_.name(attributeName), view(namespaces.pairs[n * 2 + 1]));
+            declared[n] = true;
+        };
+        for (const std::string_view written : namesInTag()) {
+            for (std::size_t n = 0; n < namespaces.count; ++n) {
+                const std::string_view prefix = view(namespaces.pairs[n * 2]);
+                if (!declared[n] && written.starts_with("xmlns") &&
+                    (prefix.empty() ? written.size() == 5
+                                    : written.substr(5) == ":" + std::string(prefix))) {
+                    declare(n);
+                }
+            }
+            for (std::size_t i = 0; i < attributes.count; ++i) {
+                if (!added[i] && written == qualified(attributes.prefix(i), attributes.local(i))) {
+                    addAttribute(attributes, i);
+                    added[i] = true;
+                }
+            }
+        }
+        // What a document type declares as a default is not in the tag.
+        for (std::size_t n = 0; n < namespaces.count; ++n) {
+            if (!declared[n]) declare(n);
+        }
+        for (std::size_t i = 0; i < attributes.count; ++i) {
+            if (!added[i]) addAttribute(attributes, i);
+        }
+    }
+
+    /// Names of the attributes in the start tag that the parser has just read; "<" occurs in a tag
+    /// at its beginning only.
+    std::vector<std::string_view> namesInTag() const {
+        const auto* end = reinterpret_cast<const char*>(context_->input->cur);
+        const std::string_view before(source_.data(),
+                                      static_cast<std::size_t>(end - source_.data()));
+        const std::string_view tag = before.substr(before.rfind('<') + 1);
+        std::vector<std::string_view> names;
+        std::size_t at = tag.find_first_of(" \t\r\n");
+        while (at < tag.size() && (at = skipBlanks(tag, at)) < tag.size()) {
+            const std::size_t nameEnd = tag.find_first_of("= \t\r\n", at);
+            names.push_back(tag.substr(at, nameEnd - at));
+            const std::size_t quote = tag.find_first_of("\"'", nameEnd);
+            if (quote == std::string_view::npos) break;
+            at = tag.find(tag[quote], quote + 1);
+            if (at == std::string_view::npos) break;
+            ++at;
+        }
+        return names;
+    }
+
+    void endElement() {
+        flushText();
+        if (preserveDepth_ == depth_) preserveDepth_ = 0;
+        --depth_;
+        builder_.endElement();
+    }
+
+    // Text arrives in pieces. As long as they follow each other in the source, nothing is copied.
+    void characters(std::string_view piece) {
+        if (text_.empty()) {
+            text_ = piece;
+            if (!inSource(piece)) text_ = joined_.assign(piece);
+        } else if (text_.data() != joined_.data() && piece.data() == text_.data() + text_.size()) {
+            text_ = {text_.data(), text_.size() + piece.size()};
+        } else {
+            if (text_.data() != joined_.data()) joined_.assign(text_);
+            text_ = joined_.append(piece);
+        }
+    }
+
+    bool inSource(std::string_view piece) const {
+        const std::less_equal<const char*> notAfter;
+        return notAfter(source_.data(), piece.data()) &&
+               notAfter(piece.data() + piece.size(), source_.data() + source_.size());
+    }
+
+    void flushText() {
+        if (text_.empty()) return;
+        if (preserveDepth_ != 0 || !std::ranges::all_of(text_, isBlank)) {
+            builder_.data(NodeType::text, text_);
+        }
+        text_ = {};
+        joined_.clear();
+    }
+
+    void data(NodeType type, std::string_view text, std::string_view target = {}) {
+        if (inDocumentType_) return;  // kept with the document type, as written
+        flushText();
+        builder_.data(type, text, target);
+    }
+
+    std::size_t position() const {
+        return static_cast<std::size_t>(reinterpret_cast<const char*>(context_->input->cur) -
+                                        source_.data());
+    }
+
+    void beginDocumentType(std::string_view documentTypeName) {
+        inDocumentType_ = true;
+        documentTypeName_ = documentTypeName;
+        documentTypeStart_ = findDocumentType();
+    }
+
+    void endDocumentType() {
+        if (!inDocumentType_) return;
+        inDocumentType_ = false;
+        builder_.data(NodeType::documentType,
+                      source_.substr(documentTypeStart_, position() - documentTypeStart_),
+                      documentTypeName_);
+    }
+
+    /// Only the declaration, comments, instructions and white space come before it.
+    std::size_t findDocumentType() const {
+        std::size_t at = 0;
+        for (;;) {
+            at = skipBlanks(source_, at);
+            if (source_.substr(at).starts_with("<!--")) {
+                at = source_.find("-->", at + 4) + 3;
+            } else if (source_.substr(at).starts_with("<?")) {
+                at = source_.find("?>", at) + 2;
+            } else {
+                return at;
+            }
+        }
+    }
+
+    struct CachedName {
+        const xmlChar* prefix = nullptr;
+        const xmlChar* local = nullptr;
+        const dom::Name* name = nullptr;
+    };
+
+    dom::TreeBuilder& builder_;
+    std::string_view source_;
+    xmlParserCtxt* context_ = nullptr;
+    std::array<CachedName, 256> names_;
+    std::exception_ptr thrown_;
+    std::string lastReason_;
+    int lastLine_ = 1;
+    std::string_view text_;  ///< collected so far: a part of the source, or all of `joined_`
+    std::string joined_;
+    std::size_t depth_ = 0;
+    std::size_t preserveDepth_ = 0;  ///< depth of the outermost xml:space="preserve", 0 for none
+    bool inDocumentType_ = false;
+    std::string documentTypeName_;
+    std::size_t documentTypeStart_ = 0;
+};
+
+bool startsWithDeclaration(std::string_view source) {
+    if (source.starts_with(byteOrderMark)) source.remove_prefix(byteOrderMark.size());
+    return source.starts_with("<?xml") && source.size() > 5 && isBlank(source[5]);
+}
+
+}  // namespace
+
+ParseResult readXml(dom::Source source) {
+    ParseResult result;
+    auto document = std::make_unique<dom::Document>();
+    dom::TreeBuilder builder(*document, std::move(source));
+    Reader reader(builder);
+    if (reader.parse()) {
+        builder.setDeclaration(startsWithDeclaration(builder.source()));
+        result.document = std::move(document);
+    } else {
+        result.reason = std::move(reader.reason);
+        result.line = reader.line;
+    }
+    return result;
+}
+
+ParseResult readXml(std::string_view text) { return readXml(dom::Source::copy(text)); }
+
+}  // namespace tavisk
