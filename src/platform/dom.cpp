@@ -18,15 +18,6 @@ constexpr Name textName{"#text", {}};
 constexpr Name cdataName{"#cdata-section", {}};
 constexpr Name commentName{"#comment", {}};
 
-const Name* fixedName(NodeType type) noexcept {
-    switch (type) {
-        case NodeType::document: return &documentName;
-        case NodeType::cdata: return &cdataName;
-        case NodeType::comment: return &commentName;
-        default: return &textName;
-    }
-}
-
 void require(bool condition) {
     if (!condition) raise(ErrorNumber::invalidArgument);
 }
@@ -129,10 +120,7 @@ void Document::freeNode(Node* node) noexcept {
     dropText(node->text_);
     for (std::uint32_t i = 0; i < node->attributeCount_; ++i)
         dropText(node->attributes_[i].text_);
-    if (node->attributeCapacity_ != 0) {
-        pool_.release(node->attributes_,
-                      TextPool::capacityFor(node->attributeCapacity_ * sizeof(Attribute)));
-    }
+    releaseAttributes(*node);
     node->next_ = freeNodes_;
     freeNodes_ = node;
 }
@@ -160,6 +148,16 @@ const Name* Document::intern(std::string_view qualified) {
     const std::size_t colon = name.find(':');
     const std::string_view base = colon == std::string_view::npos ? name : name.substr(colon + 1);
     return &names_.emplace(name, Name{name, base}).first->second;
+}
+
+const Name* Document::nameFor(NodeType type, std::string_view name) {
+    switch (type) {
+        case NodeType::document: return &documentName;
+        case NodeType::text: return &textName;
+        case NodeType::cdata: return &cdataName;
+        case NodeType::comment: return &commentName;
+        default: return intern(name);
+    }
 }
 
 void Document::store(Text& text, std::string_view value) {
@@ -192,18 +190,24 @@ void Document::dropText(Text& text) noexcept {
     text = Text();
 }
 
+void Document::reserveAttributes(Node& element, std::size_t count) {
+    const std::size_t bytes = TextPool::capacityFor(count * sizeof(Attribute));
+    auto* table = static_cast<Attribute*>(pool_.allocate(bytes));
+    std::uninitialized_copy_n(element.attributes_, element.attributeCount_, table);
+    releaseAttributes(element);
+    element.attributes_ = table;
+    element.attributeCapacity_ = static_cast<std::uint32_t>(bytes / sizeof(Attribute));
+}
+
+void Document::releaseAttributes(Node& element) noexcept {
+    if (element.attributeCapacity_ == 0) return;
+    pool_.release(element.attributes_,
+                  TextPool::capacityFor(element.attributeCapacity_ * sizeof(Attribute)));
+}
+
 Attribute& Document::growAttributes(Node& element) {
-    const std::size_t count = element.attributeCount_;
-    if (count == element.attributeCapacity_) {
-        const std::size_t bytes =
-            TextPool::capacityFor(std::max<std::size_t>(count * 2, 4) * sizeof(Attribute));
-        auto* table = static_cast<Attribute*>(pool_.allocate(bytes));
-        std::uninitialized_copy_n(element.attributes_, count, table);
-        if (count != 0) {
-            pool_.release(element.attributes_, TextPool::capacityFor(count * sizeof(Attribute)));
-        }
-        element.attributes_ = table;
-        element.attributeCapacity_ = static_cast<std::uint32_t>(bytes / sizeof(Attribute));
+    if (element.attributeCount_ == element.attributeCapacity_) {
+        reserveAttributes(element, std::max<std::size_t>(element.attributeCount_ * 2, 4));
     }
     return *new (&element.attributes_[element.attributeCount_++]) Attribute();
 }
@@ -265,8 +269,7 @@ OwnedNode Document::createData(NodeType type, std::string_view data, std::string
             break;
         default: raise(ErrorNumber::invalidArgument);
     }
-    OwnedNode node(*this,
-                   newNode(type, type == NodeType::instruction ? intern(name) : fixedName(type)));
+    OwnedNode node(*this, newNode(type, nameFor(type, name)));
     store(node->text_, data);
     return node;
 }
@@ -274,15 +277,11 @@ OwnedNode Document::createData(NodeType type, std::string_view data, std::string
 Node* Document::cloneOne(const Node& node) {
     OwnedNode copy(*this, newNode(node.type_, node.name_));
     copyText(copy->text_, node.text_);
-    if (node.attributeCount_ != 0) {
-        const std::size_t bytes = TextPool::capacityFor(node.attributeCount_ * sizeof(Attribute));
-        copy->attributes_ = static_cast<Attribute*>(pool_.allocate(bytes));
-        copy->attributeCapacity_ = static_cast<std::uint32_t>(bytes / sizeof(Attribute));
-        for (const Attribute& from : node.attributes()) {
-            Attribute& to = *new (&copy->attributes_[copy->attributeCount_++]) Attribute();
-            to.name_ = from.name_;
-            copyText(to.text_, from.text_);
-        }
+    if (node.attributeCount_ != 0) reserveAttributes(*copy, node.attributeCount_);
+    for (const Attribute& from : node.attributes()) {
+        Attribute& to = growAttributes(*copy);
+        to.name_ = from.name_;
+        copyText(to.text_, from.text_);
     }
     return copy.release();
 }

@@ -48,6 +48,7 @@ public:
 
 private:
     friend class Document;
+    friend class TreeBuilder;
     const char* data_ = "";
     std::uint32_t size_ = 0;
     std::uint32_t capacity_ = 0;  ///< 0: the bytes are not this text's own
@@ -61,6 +62,7 @@ public:
 
 private:
     friend class Document;
+    friend class TreeBuilder;
     const Name* name_ = nullptr;
     Text text_;
 };
@@ -74,7 +76,9 @@ public:
     /// "#cdata-section", "#comment", or the name of the document type.
     std::string_view nodeName() const noexcept { return name_->qualified; }
     /// The local name of an element, the target of an instruction; empty for every other node.
-    std::string_view baseName() const noexcept { return name_->base; }
+    std::string_view baseName() const noexcept {
+        return type_ == NodeType::documentType ? std::string_view() : name_->base;
+    }
     /// The content of a text, CDATA section, comment or instruction; a document type as written.
     std::string_view data() const noexcept { return text_.view(); }
 
@@ -93,6 +97,7 @@ public:
 
 private:
     friend class Document;
+    friend class TreeBuilder;
     Node* parent_ = nullptr;
     Node* first_ = nullptr;
     Node* last_ = nullptr;
@@ -194,6 +199,7 @@ private:
     void dropText(Text& text) noexcept;
     const Name* nameFor(NodeType type, std::string_view name);
     void reserveAttributes(Node& element, std::size_t count);
+    void releaseAttributes(Node& element) noexcept;
     Attribute& growAttributes(Node& element);
     Node* cloneOne(const Node& node);
     void link(Node& parent, Node* child, Node* before) noexcept;

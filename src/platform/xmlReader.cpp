@@ -5,8 +5,10 @@
 #include <climits>
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
