@@ -1,0 +1,70 @@
+#include "platform/domTyped.h"
+
+#include <algorithm>
+
+#include "platform/base64.h"
+#include "platform/error.h"
+
+namespace tavisk::dom {
+namespace {
+
+constexpr std::string_view dataTypes = "urn:schemas-microsoft-com:datatypes";
+constexpr std::string_view base64Type = "bin.base64";
+
+std::string_view attributeText(const Node& element, std::string_view name,
+                               std::string_view otherwise) {
+    const auto attributes = element.attributes();
+    const auto found = std::ranges::find(attributes, name, &Attribute::name);
+    return found == attributes.end() ? otherwise : found->text();
+}
+
+/// The address that a prefix stands for on this element.
+std::string_view namespaceOf(const Node& element, std::string_view prefix) {
+    const std::string declaration = "xmlns:" + std::string(prefix);
+    for (const Node* at = &element; at != nullptr; at = at->parent()) {
+        const std::string_view address = attributeText(*at, declaration, {});
+        if (!address.empty()) return address;
+    }
+    return {};
+}
+
+bool hasBase64Type(const Node& element) {
+    return std::ranges::any_of(element.attributes(), [&](const Attribute& attribute) {
+        const std::string_view name = attribute.name();
+        return attribute.baseName() == "dt" && name.size() > 3 && attribute.text() == base64Type &&
+               namespaceOf(element, name.substr(0, name.size() - 3)) == dataTypes;
+    });
+}
+
+bool holdsText(const Node& node) {
+    return node.type() == NodeType::text || node.type() == NodeType::cdata;
+}
+
+}  // namespace
+
+std::string content(const Node& element) {
+    std::string text;
+    for (const Node* node = nextInDocument(element, element); node != nullptr;
+         node = nextInDocument(*node, element)) {
+        if (holdsText(*node)) text += node->data();
+    }
+    return text;
+}
+
+void setBase64Value(Document& document, Node& element, std::string_view bytes) {
+    if (!hasBase64Type(element)) {
+        document.addAttribute(element, "xmlns:dt", dataTypes);
+        document.addAttribute(element, "dt:dt", base64Type);
+    }
+    document.setContent(element, encodeBase64(bytes));
+}
+
+void base64Value(const Node& element, std::string& bytes) {
+    const Node* const only = element.firstChild();
+    const bool simple = only != nullptr && only->next() == nullptr && holdsText(*only);
+    const bool good =
+        simple ? decodeBase64(only->data(), bytes) : decodeBase64(content(element), bytes);
+    if (!good) raise(ErrorNumber::typeMismatch);
+}
+
+}  // namespace tavisk::dom
