@@ -17,6 +17,13 @@ struct DocumentPlan {
     std::uint64_t seed = 1;
 };
 
+inline constexpr DocumentPlan planS{1'000, 20, 5, 10'000, 1};
+inline constexpr DocumentPlan planM{10'000, 200, 50, 10'000, 1};
+inline constexpr DocumentPlan planL{30'000, 2'000, 500, 10'000, 1};
+inline constexpr DocumentPlan planLP{30'000, 2'000, 500, 200'000, 1};
+/// The help nodes of L with the catalogue and pictures of S.
+inline constexpr DocumentPlan planFew{30'000, 20, 5, 10'000, 1};
+
 /// The whole document. Documents of one seed and number of nodes have help nodes of the same names,
 /// attributes and lengths, however many formulas and pictures there are.
 std::string makeDocument(const DocumentPlan& plan);

@@ -14,12 +14,12 @@ struct Named {
 };
 
 constexpr std::array<Named, 6> documents = {{
-    {"S.xml", {1'000, 20, 5, 10'000, 1}},
-    {"M.xml", {10'000, 200, 50, 10'000, 1}},
-    {"L.xml", {30'000, 2'000, 500, 10'000, 1}},
-    {"LP.xml", {30'000, 2'000, 500, 200'000, 1}},
-    {"few.xml", {30'000, 20, 5, 10'000, 1}},
-    {"many.xml", {30'000, 2'000, 500, 10'000, 1}},
+    {"S.xml", tavisk::bench::planS},
+    {"M.xml", tavisk::bench::planM},
+    {"L.xml", tavisk::bench::planL},
+    {"LP.xml", tavisk::bench::planLP},
+    {"few.xml", tavisk::bench::planFew},
+    {"many.xml", tavisk::bench::planL},
 }};
 
 }  // namespace

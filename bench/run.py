@@ -1,0 +1,334 @@
+#!/usr/bin/env python3
+"""Measures the tavisk command against xmllint and writes docs/performance.md.
+
+Whole processes run in pairs, command and xmllint one after the other on the same document, and what
+counts is the median of the pairs' ratios of wall time: a machine that is busy or slow for a while
+is so for both.
+"""
+
+import argparse
+import json
+import os
+import pathlib
+import platform
+import shutil
+import statistics
+import subprocess
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+DOCUMENTS = ("S", "M", "L", "LP", "few", "many")
+
+
+class Run:
+    """One process: its wall and processor time in seconds and its peak memory in bytes."""
+
+    def __init__(self, command, log):
+        descriptor = os.open(log, os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o644)
+        nowhere = os.open(os.devnull, os.O_WRONLY)
+        actions = [(os.POSIX_SPAWN_DUP2, nowhere, 1), (os.POSIX_SPAWN_DUP2, descriptor, 2)]
+        start = time.perf_counter()
+        process = os.posix_spawnp(command[0], command, os.environ, file_actions=actions)
+        _, status, usage = os.wait4(process, 0)
+        self.wall = time.perf_counter() - start
+        os.close(descriptor)
+        os.close(nowhere)
+        self.cpu = usage.ru_utime + usage.ru_stime
+        # Never less than this script's own few megabytes, which a new process starts from.
+        self.memory = usage.ru_maxrss * 1024
+        if os.waitstatus_to_exitcode(status) != 0:
+            message = pathlib.Path(log).read_text(errors="replace").strip()
+            sys.exit(f"run.py: failed: {' '.join(command)}\n{message}")
+
+
+class Bench:
+    def __init__(self, build, work, runs):
+        self.build = build
+        self.work = work
+        self.runs = runs
+        self.documents = build / "bench-documents"
+        self.log = str(work / "stderr.txt")
+
+    def make_documents(self):
+        maker = self.build / "makeDocuments"
+        wanted = [self.documents / f"{name}.xml" for name in DOCUMENTS]
+        age = maker.stat().st_mtime
+        if not all(path.exists() and path.stat().st_mtime >= age for path in wanted):
+            subprocess.run([maker, self.documents], check=True, stdout=subprocess.DEVNULL)
+
+    def file(self, name):
+        return str(self.documents / f"{name}.xml")
+
+    def xmllint(self, name):
+        return Run(["xmllint", "--huge", "--noout", self.file(name)], self.log)
+
+    def render(self, name):
+        folder = self.work / "folder"
+        shutil.rmtree(folder, ignore_errors=True)
+        command = [str(self.build / "tavisk"), "render", self.file(name)]
+        return Run(command + ["--folder", str(folder), "--evaluate"], self.log)
+
+    def save(self, name):
+        command = [str(self.build / "tavisk"), "save", self.file(name), "-o", "/dev/null"]
+        return Run(command, self.log)
+
+    def pairs(self, ours, other):
+        """Runs of both in turn, after a warm-up of each; who goes first alternates."""
+        ours(), other()
+        result = []
+        for turn in range(self.runs):
+            if turn % 2 == 0:
+                first = ours()
+                result.append((first, other()))
+            else:
+                first = other()
+                result.append((ours(), first))
+        return Pairs(result)
+
+
+class Pairs:
+    def __init__(self, runs):
+        self.ours = [pair[0] for pair in runs]
+        self.other = [pair[1] for pair in runs]
+
+    def ratios(self, what):
+        return [getattr(a, what) / getattr(b, what) for a, b in zip(self.ours, self.other)]
+
+    def ratio(self, what="wall"):
+        return statistics.median(self.ratios(what))
+
+    def quartiles(self, what="wall"):
+        low, _, high = statistics.quantiles(self.ratios(what), n=4, method="inclusive")
+        return low, high
+
+    @staticmethod
+    def middle(runs, what):
+        return statistics.median(getattr(run, what) for run in runs)
+
+
+def microbenchmarks(build):
+    """Median real time in nanoseconds, and the counters, by name."""
+    command = [build / "tavisk_bench", "--benchmark_format=json", "--benchmark_repetitions=5",
+               "--benchmark_min_time=0.2", "--benchmark_report_aggregates_only=true"]
+    output = subprocess.run(command, check=True, stdout=subprocess.PIPE,
+                            stderr=subprocess.DEVNULL).stdout
+    scale = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+    result = {}
+    for entry in json.loads(output)["benchmarks"]:
+        if entry.get("error_occurred"):
+            sys.exit(f"run.py: {entry['name']}: {entry['error_message']}")
+        if entry.get("aggregate_name") == "median":
+            entry["ns"] = entry["real_time"] * scale[entry["time_unit"]]
+            result[entry["run_name"]] = entry
+    return result
+
+
+def verdict(value, goal, stretch=None):
+    if value > goal:
+        return "**missed**"
+    if stretch is None:
+        return "met"
+    return "stretch met" if value <= stretch else "met, stretch missed"
+
+
+def ratio_row(what, value, goal, stretch=None, detail=""):
+    wanted = f"at most {goal}" + (f" (stretch {stretch})" if stretch else "")
+    return what, wanted, f"{value:.2f}{detail}", verdict(value, goal, stretch)
+
+
+def spread(pairs, what="wall"):
+    low, high = pairs.quartiles(what)
+    return f" ({low:.2f} to {high:.2f})"
+
+
+def goal_rows(render, save, scaling, micro):
+    rows = []
+    for name in ("M", "L"):
+        rows.append(ratio_row(f"`tavisk render --evaluate`, whole process, {name}, to xmllint",
+                              render[name].ratio(), 0.9, 0.65, spread(render[name])))
+    rows.append(ratio_row("the same on LP", render["LP"].ratio(), 1.1, None, spread(render["LP"])))
+    for name in ("M", "L"):
+        rows.append(ratio_row(f"`tavisk save`, whole process, {name}, to xmllint",
+                              save[name].ratio(), 0.8, 0.5, spread(save[name])))
+    for name in ("M", "L"):
+        rows.append(ratio_row(f"peak memory of render on {name}, to xmllint's",
+                              render[name].ratio("memory"), 1.8, None,
+                              spread(render[name], "memory")))
+    rows.append(ratio_row("render, from 20 formulas and 5 pictures to 2,000 and 500, same nodes",
+                          scaling.ratio(), 1.25, None, " times" + spread(scaling)))
+
+    for size, name in enumerate(("S", "M", "L")):
+        page = micro[f"treeToPage/{size}"]
+        each = page["ns"] / page["bytes"]
+        rows.append((f"tree to page, per page byte, {name}", "at most 2 ns", f"{each:.2f} ns",
+                     verdict(each, 2)))
+    for length, goal in ((600, 1.2), (32000, 45)):
+        each = micro[f"changeAnswer/{length}/0"]["ns"] / 1000
+        rows.append((f"one change of an answer text, {length:,} characters",
+                     f"at most {goal} µs", f"{each:.2f} µs", verdict(each, goal)))
+    rows += key_rows(micro)
+    return rows
+
+
+def key_rows(micro):
+    """Linear means: a node of a large or deep tree takes what a node of a small or flat one does.
+    Twice as long is allowed for memory that no longer fits the caches; nodes times depth would be
+    90 times as long in the deep tree."""
+
+    def each(name, per):
+        return micro[name]["ns"] / micro[name][per]
+
+    small, large = (each(f"keysOfTree/{nodes}/0", "nodes") for nodes in (1000, 30000))
+    flat, deep = (each(f"findLastKey/10000/{depth}", "nodes") for depth in (10, 900))
+    flat_byte, deep_byte = (each(f"keysOfTree/10000/{depth}", "keyBytes") for depth in (10, 900))
+    return [
+        ("all keys of a tree, time per node at 30,000 nodes to that at 1,000", "linear (at most 2)",
+         f"{large / small:.2f} ({small:.0f} to {large:.0f} ns)", verdict(large / small, 2)),
+        ("comparing all keys while the tree is built, time per node at depth 900 to that at 10",
+         "linear (at most 2)", f"{deep / flat:.2f} ({flat:.1f} to {deep:.1f} ns)",
+         verdict(deep / flat, 2)),
+        ("all keys written out, time per byte of key at depth 900 to that at 10",
+         "linear (at most 2)",
+         f"{deep_byte / flat_byte:.2f} ({flat_byte:.2f} to {deep_byte:.2f} ns)",
+         verdict(deep_byte / flat_byte, 2)),
+    ]
+
+
+def process_rows(name, pairs, ours, other="xmllint"):
+    rows = []
+    for label, runs in ((ours, pairs.ours), (other, pairs.other)):
+        rows.append((name, label, f"{Pairs.middle(runs, 'wall') * 1000:.1f}",
+                     f"{Pairs.middle(runs, 'cpu') * 1000:.1f}",
+                     f"{Pairs.middle(runs, 'memory') / 1e6:.1f}",
+                     f"{pairs.ratio():.2f}" if runs is pairs.ours else "",
+                     f"{pairs.ratio('cpu'):.2f}" if runs is pairs.ours else ""))
+    return rows
+
+
+def micro_rows(micro):
+    rows = []
+    for name, entry in micro.items():
+        rate = entry.get("bytes_per_second")
+        rows.append((f"`{name}`", f"{entry['ns'] / 1000:,.2f}",
+                     f"{rate / 1e6:,.0f} MB/s" if rate else ""))
+    return rows
+
+
+def table(head, rows):
+    lines = ["| " + " | ".join(head) + " |", "|" + "---|" * len(head)]
+    return "\n".join(lines + ["| " + " | ".join(row) + " |" for row in rows]) + "\n"
+
+
+def first_line(command):
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    return done.stdout.strip().splitlines()[0].strip()
+
+
+def cached(build, variable):
+    for line in (build / "CMakeCache.txt").read_text().splitlines():
+        if line.startswith(variable + ":"):
+            return line.split("=", 1)[1]
+    return "unknown"
+
+
+def file_system(path):
+    best = ("", "unknown")
+    for line in pathlib.Path("/proc/mounts").read_text().splitlines():
+        _, mount, kind = line.split()[:3]
+        if path.is_relative_to(mount) and len(mount) > len(best[0]):
+            best = (mount, kind)
+    return best[1]
+
+
+def circumstances(bench, load, date):
+    info = pathlib.Path("/proc/cpuinfo").read_text().splitlines()
+    model = next((line.split(":")[1].strip() for line in info if line.startswith("model name")),
+                 platform.machine())
+    system = platform.freedesktop_os_release().get("PRETTY_NAME", platform.system())
+    memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") / 2**30
+    compiler = first_line([cached(bench.build, "CMAKE_CXX_COMPILER"), "--version"])
+    kind = file_system(bench.work)
+    place = "memory" if kind in ("tmpfs", "ramfs") else "disk"
+    return (f"Measured{' on ' + date if date else ''} on {model}, {os.cpu_count()} cores, "
+            f"{memory:.0f} GiB, {system}; {compiler}, "
+            f"{cached(bench.build, 'CMAKE_BUILD_TYPE')} build; "
+            f"{first_line([str(bench.build / 'tavisk'), '--version'])}; "
+            f"{first_line(['xmllint', '--version'])}; documents on {file_system(bench.documents)}, "
+            f"pages on {place} ({kind}); other load at the start: {load:.1f} processes.\n")
+
+
+def report(bench, load, date, render, save, scaling, micro):
+    parts = ["# Performance\n",
+             "This file is generated; `make bench` measures again and rewrites it.\n",
+             circumstances(bench, load, date),
+             f"Whole processes: {bench.runs} pairs after a warm-up, one after the other on the "
+             "same document, in one thread, page cache warm, every page into a new folder. A ratio is "
+             "the median of the pairs' ratios of wall time, with the quartiles in brackets. What "
+             "xmllint does is `xmllint --huge --noout FILE`.\n",
+             "Documents: S 1,000 nodes, 20 formulas, 5 pictures of 10 kB; M 10,000, 200, 50; L "
+             "30,000, 2,000, 500; LP is L with pictures of 200 kB. Answers have 200 to 600 "
+             "characters with about two formula tokens each, and a picture in every tenth.\n",
+             "## Goals\n",
+             table(("what", "goal", "measured", ""), goal_rows(render, save, scaling, micro)),
+             "## Whole processes\n"]
+    rows = []
+    for name, pairs in render.items():
+        rows += process_rows(name, pairs, "render")
+    for name, pairs in save.items():
+        rows += process_rows(name, pairs, "save")
+    rows += process_rows("many, few", scaling, "render, 2,000 and 500", "render, 20 and 5")
+    parts += ["Medians; the ratios are those of the pairs.\n",
+              table(("document", "process", "wall ms", "CPU ms", "peak MB", "wall ratio",
+                     "CPU ratio"), rows),
+              "## Microbenchmarks\n",
+              "Medians of five. Sizes 0, 1 and 2 are S, M and L; `changeAnswer` is by characters "
+              "and whether some are not ASCII; keys are by nodes and depth, where depth 0 is a "
+              "document like the others.\n",
+              table(("benchmark", "µs", "rate"), micro_rows(micro))]
+    return "\n".join(parts)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--build", type=pathlib.Path, default=ROOT / "build",
+                        help="build folder, made with TAVISK_BENCH=ON")
+    parser.add_argument("--work", type=pathlib.Path,
+                        help="where pages are written (default: in the build folder)")
+    parser.add_argument("--runs", type=int, default=11, help="pairs per measurement")
+    parser.add_argument("--date", default="", help="date to write into the report")
+    parser.add_argument("--out", type=pathlib.Path, default=ROOT / "docs" / "performance.md")
+    options = parser.parse_args()
+    if options.runs < 3:
+        parser.error("--runs must be at least 3")
+    if shutil.which("xmllint") is None:
+        sys.exit("run.py: xmllint is missing (Debian package libxml2-utils)")
+
+    load = os.getloadavg()[0]
+    build = options.build.resolve()
+    work = (options.work or build).resolve() / "bench-work"
+    work.mkdir(parents=True, exist_ok=True)
+    bench = Bench(build, work, options.runs)
+    bench.make_documents()
+
+    def against_xmllint(run, names):
+        return {name: bench.pairs(lambda: run(name), lambda: bench.xmllint(name)) for name in names}
+
+    render = against_xmllint(bench.render, ("S", "M", "L", "LP"))
+    save = against_xmllint(bench.save, ("S", "M", "L", "LP"))
+    scaling = bench.pairs(lambda: bench.render("many"), lambda: bench.render("few"))
+    shutil.rmtree(work)
+    micro = microbenchmarks(build)
+
+    rows = goal_rows(render, save, scaling, micro)
+    widths = [max(len(row[column]) for row in rows) for column in range(4)]
+    for row in rows:
+        print("  ".join(cell.ljust(width) for cell, width in zip(row, widths)).rstrip())
+    text = report(bench, load, options.date, render, save, scaling, micro)
+    options.out.parent.mkdir(parents=True, exist_ok=True)
+    options.out.write_text(text, encoding="utf-8")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
