@@ -1,0 +1,65 @@
+# Short commands for everyday work. Each installs the Debian packages that it misses.
+
+JOBS := $(shell nproc)
+FUZZ_SECONDS ?= 60
+SOURCES = find src tests bench -name '*.h' -o -name '*.cpp'
+
+.NOTPARALLEL:
+.PHONY: build run test debug sanitize bench fuzz format check-format tidy screenshots clean help
+
+build: setup-build build/build.ninja ## the optimised command and library: build/tavisk, build/libtavisk_core.a
+	@cmake --build --preset release --target tavisk_command
+
+run: build ## render the example documents and show a page
+	@tools/showExamples.sh
+
+test: setup-test build/build.ninja ## build and run every test
+	@cmake --build --preset release
+	@ctest --preset release --parallel $(JOBS)
+
+debug: setup-build ## a build for the debugger: build-debug/tavisk
+	@cmake --preset debug
+	@cmake --build --preset debug
+
+sanitize: setup-test ## the same tests under the address and undefined-behaviour sanitizers
+	@cmake --preset sanitize
+	@cmake --build --preset sanitize
+	@ctest --preset sanitize --parallel $(JOBS)
+
+bench: setup-bench ## measure, and write docs/performance.md
+	@cmake --preset bench
+	@cmake --build --preset bench
+	@/usr/bin/python3 bench/run.py
+
+fuzz: setup-fuzz ## run each fuzzer for FUZZ_SECONDS (60)
+	@cmake --preset fuzz
+	@cmake --build --preset fuzz
+	@tools/runFuzzers.sh build-fuzz $(FUZZ_SECONDS)
+
+format: setup-style ## lay out all sources
+	@$(SOURCES) | xargs clang-format -i
+
+check-format: setup-style ## fail where `make format` would change something
+	@$(SOURCES) | xargs clang-format --dry-run -Werror
+
+tidy: setup-style ## look for mistakes with clang-tidy
+	@cmake --preset debug > /dev/null
+	@find src -name '*.cpp' | sort | xargs -n 1 -P $(JOBS) clang-tidy -p build-debug --quiet
+
+screenshots: build ## the picture in README.md
+	@tools/setup.sh show
+	@build/tavisk render $(firstword $(wildcard examples/*.xml)) --folder build/screenshot --evaluate
+	@mkdir -p docs/images
+	@/usr/bin/python3 tools/screenshot.py build/screenshot/temp.html docs/images/page.png
+
+clean: ## remove every build folder
+	rm -rf build build-*
+
+help: ## this list
+	@sed -n 's/^\([a-z-]*\):.* ## /\1\t/p' Makefile | expand -t 14
+
+setup-%:
+	@tools/setup.sh $*
+
+build/build.ninja: CMakePresets.json | setup-build
+	@cmake --preset release
