@@ -25,7 +25,7 @@ unsigned byteFor(char32_t c) noexcept {
 }
 
 /// Reads one character above 0x7F of valid UTF-8; `length` is its bytes. Characters beyond the
-/// basic plane read as 0, which no byte stands for.
+/// basic plane all read as the first of them: no byte stands for any.
 char32_t wideCharacter(std::string_view text, std::size_t at, std::size_t& length) noexcept {
     const auto byte = [&](std::size_t i) {
         return static_cast<char32_t>(static_cast<unsigned char>(text[at + i]));
@@ -40,7 +40,7 @@ char32_t wideCharacter(std::string_view text, std::size_t at, std::size_t& lengt
         return (first & 0x0F) << 12 | (byte(1) & 0x3F) << 6 | (byte(2) & 0x3F);
     }
     length = 4;
-    return 0;
+    return 0x10000;
 }
 
 /// End of the ASCII run that begins at `at`.

@@ -88,6 +88,25 @@ std::size_t numberLength(std::string_view text) noexcept {
     return at;
 }
 
+/// `text` is a number without sign, and not 0.
+bool isBelowOne(std::string_view text) noexcept {
+    const std::size_t e = std::min(text.find_first_of("eE"), text.size());
+    const std::string_view mantissa = text.substr(0, e);
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t digit = mantissa.find_first_of("123456789");
+    // The power of ten of the first digit that counts.
+    const auto place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(digit) -
+                       (digit < point ? 1 : 0);
+
+    std::string_view exponent = text.substr(std::min(e + 1, text.size()));
+    if (exponent.starts_with('+')) exponent.remove_prefix(1);
+    std::int32_t shift = 0;
+    const auto [end, error] =
+        std::from_chars(exponent.data(), exponent.data() + exponent.size(), shift);
+    if (error == std::errc::result_out_of_range) return exponent.starts_with('-');
+    return place + shift < 0;
+}
+
 /// `text` is exactly one number as `numberLength` finds it.
 double valueOf(std::string_view text) noexcept {
     const bool negative = text.starts_with('-');
@@ -95,13 +114,8 @@ double valueOf(std::string_view text) noexcept {
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::result_out_of_range) {
-        // Too large or too small for a double; only a negative exponent or a fraction is small.
-        const std::size_t e = text.find_first_of("eE");
-        const bool tiny = e == std::string_view::npos
-                              ? text.substr(0, text.find_first_not_of('0')).size() < text.size() &&
-                                    text[text.find_first_not_of('0')] == '.'
-                              : text.substr(e + 1).starts_with('-');
-        value = tiny ? 0.0 : std::numeric_limits<double>::infinity();
+        // Too far from 1 for a double, one way or the other.
+        value = isBelowOne(text) ? 0.0 : std::numeric_limits<double>::infinity();
     }
     return negative ? -value : value;
 }
