@@ -265,8 +265,8 @@ def report(bench, load, date, render, save, scaling, micro):
              "This file is generated; `make bench` measures again and rewrites it.\n",
              circumstances(bench, load, date),
              f"Whole processes: {bench.runs} pairs after a warm-up, one after the other on the "
-             "same document, in one thread, page cache warm, every page into a new folder. A ratio is "
-             "the median of the pairs' ratios of wall time, with the quartiles in brackets. What "
+             "same document, in one thread, page cache warm, every page into a new folder. A ratio "
+             "is the median of the pairs' ratios of wall time, with the quartiles in brackets. What "
              "xmllint does is `xmllint --huge --noout FILE`.\n",
              "Documents: S 1,000 nodes, 20 formulas, 5 pictures of 10 kB; M 10,000, 200, 50; L "
              "30,000, 2,000, 500; LP is L with pictures of 200 kB. Answers have 200 to 600 "
