@@ -37,9 +37,10 @@ public:
 
     /// Loads a document: everything that was there is gone first. A document whose shape is wrong
     /// gives the message for the user and leaves the session unloaded; a run-time error travels,
-    /// and leaves it unloaded too. `Keep::nothing` takes no `lastsave` and `xmlText`, for callers
-    /// that only render or save.
+    /// and leaves it unloaded too. `Keep::nothing` takes no `lastsave`, and `xmlText` only when
+    /// saving, for callers that only render or save: `changed` means nothing then.
     std::optional<Message> load(dom::Source source, Keep keep = Keep::savedText);
+    /// `xmlText` stays, so that it can be fetched after the window has closed.
     void unload() noexcept;
     bool loaded() const noexcept { return articledoc != nullptr; }
 
@@ -57,6 +58,10 @@ public:
     /// its path.
     std::string generatepreview(bool evaluateFormula);
 
+    /// Takes an element out of the document. One that the tree shows, or that holds the tree, lives
+    /// on outside it until the session ends, because the view and the selection still know it.
+    void removeElement(dom::Node& element);
+
     const std::string& imageTemp() const noexcept { return IMG_TEMP; }
     Files& files() noexcept { return files_; }
 
@@ -73,14 +78,17 @@ public:
     std::string xmlText;
 
 private:
-    void loadChecked(HelpSession& session);
-    void addGeneratedPicture();
+    void loadChecked();
     void fillFormulaList();
     void fillImageList();
+    void addGeneratedPicture();
+    std::string selectedKey() const;
 
     Files& files_;
     std::string folder_;
     std::string IMG_TEMP;
+    Keep keep_ = Keep::savedText;
+    std::vector<dom::OwnedNode> removedRows_;
 };
 
 }  // namespace tavisk

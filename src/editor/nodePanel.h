@@ -27,6 +27,7 @@ struct NodePanel {
 
     std::u16string text;        ///< `txtValue`
     std::vector<Token> tokens;  ///< coloured runs of `text`
+    std::string utf8;           ///< working memory of a change of `text`
 
     std::array<std::string, 2> colourCaptions{"Text Color: #000000", "Text Color: #000000"};
     std::array<Colour, 2> colours{0, 0};

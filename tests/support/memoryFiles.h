@@ -2,7 +2,7 @@
 #pragma once
 
 #include <algorithm>
-#include <initializer_list>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -49,8 +49,10 @@ public:
 
     void createFolder(const std::string& path) override {
         check(Operation::createFolder, path);
-        checkParent(withoutSlash(path));
-        folders_.insert(withoutSlash(path));
+        const std::string folder = withoutSlash(path);
+        if (!isFolder(parentOf(folder))) raise(ErrorNumber::pathNotFound);
+        if (fileExists(folder)) raise(ErrorNumber::permissionDenied);
+        folders_.insert(folder);
     }
 
     std::string read(const std::string& path) override {
@@ -61,12 +63,12 @@ public:
         return found->second;
     }
 
-    void replace(const std::string& path, std::initializer_list<std::string_view> parts) override {
+    void replaceBy(const std::string& path,
+                   const std::function<void(const Write&)>& produce) override {
         check(Operation::replace, path);
         checkParent(path);
         std::string bytes;
-        for (const std::string_view part : parts)
-            bytes += part;
+        produce([&bytes](std::string_view part) { bytes += part; });
         files_[path] = std::move(bytes);
     }
 
