@@ -1,9 +1,12 @@
 // Attribute access with defaults, and the rule for names of help nodes.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "platform/dom.h"
+#include "platform/text.h"
 
 namespace tavisk {
 
@@ -12,6 +15,35 @@ namespace tavisk {
 /// when more than 32,767 attributes have to be walked.
 std::string_view GetAttributeValue(const dom::Node* node, std::string_view attributeName,
                                    std::string_view defaultValue);
+
+struct AttributeDefault {
+    std::string_view name;
+    std::string_view defaultValue;
+};
+
+/// `GetAttributeValue` for several attributes in one walk, in the order asked.
+template <std::size_t n>
+std::array<std::string_view, n> GetAttributeValues(const dom::Node& node,
+                                                   const std::array<AttributeDefault, n>& wanted) {
+    std::array<std::string_view, n> values;
+    const auto attributes = node.attributes();
+    if (attributes.size() > maxCount) {
+        for (std::size_t i = 0; i < n; ++i) {
+            values[i] = GetAttributeValue(&node, wanted[i].name, wanted[i].defaultValue);
+        }
+        return values;
+    }
+    for (std::size_t i = 0; i < n; ++i)
+        values[i] = wanted[i].defaultValue;
+    // Backwards, so that the first of several attributes with one local name stays.
+    for (std::size_t at = attributes.size(); at-- > 0;) {
+        const std::string_view name = attributes[at].baseName();
+        for (std::size_t i = 0; i < n; ++i) {
+            if (name == wanted[i].name) values[i] = attributes[at].text();
+        }
+    }
+    return values;
+}
 
 /// Changes the attribute in place, or adds it behind the others. Error 5 for a text that XML cannot
 /// hold.

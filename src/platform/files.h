@@ -1,6 +1,7 @@
 // The file system as the component uses it: whole files in, whole files out.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -21,9 +22,15 @@ public:
 
     virtual std::string read(const std::string& path) = 0;
 
-    /// The file holds exactly the parts, one after the other, or is left as it was.
-    virtual void replace(const std::string& path,
-                         std::initializer_list<std::string_view> parts) = 0;
+    using Write = std::function<void(std::string_view bytes)>;
+
+    /// `produce` hands over the file's bytes piece by piece. The file then holds exactly these; it
+    /// is left as it was when anything fails, an exception of `produce` included.
+    virtual void replaceBy(const std::string& path,
+                           const std::function<void(const Write& write)>& produce) = 0;
+
+    /// The same for parts that exist already.
+    void replace(const std::string& path, std::initializer_list<std::string_view> parts);
 
     /// The file begins with `bytes`; an older, longer file keeps its tail behind them. Left as it
     /// was on failure.
@@ -36,7 +43,8 @@ public:
     bool folderExists(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::string read(const std::string& path) override;
-    void replace(const std::string& path, std::initializer_list<std::string_view> parts) override;
+    void replaceBy(const std::string& path,
+                   const std::function<void(const Write& write)>& produce) override;
     void overwrite(const std::string& path, std::string_view bytes) override;
 };
 

@@ -167,11 +167,10 @@ private:
     bool moved_ = false;
 };
 
-using Parts = std::initializer_list<std::string_view>;
+using Produce = std::function<void(const Files::Write&)>;
 
-void writeParts(int file, Parts parts) {
-    for (const std::string_view part : parts)
-        writeAll(file, part);
+void writeProduced(int file, const Produce& produce) {
+    produce([file](std::string_view bytes) { writeAll(file, bytes); });
 }
 
 /// The file's status, or none when there is no file of that name yet.
@@ -191,17 +190,18 @@ std::optional<struct stat> statusOfTarget(const std::string& path) {
 }
 
 /// A symbolic link is replaced itself, not the file that it leads to.
-void writeTarget(const std::string& path, const std::optional<struct stat>& old, Parts parts) {
+void writeTarget(const std::string& path, const std::optional<struct stat>& old,
+                 const Produce& produce) {
     if (old && !S_ISREG(old->st_mode)) {
         // A pipe or a device is no file that could be replaced.
         Descriptor file = openFile(path, O_WRONLY);
         if (!file.isOpen()) raiseErrno(errno, ErrorNumber::pathNotFound);
-        writeParts(file.number(), parts);
+        writeProduced(file.number(), produce);
         file.close();
         return;
     }
     Replacement fresh(path);
-    writeParts(fresh.file(), parts);
+    writeProduced(fresh.file(), produce);
     if (old && ::fchmod(fresh.file(), old->st_mode & 07777) != 0) {
         raiseErrno(errno, ErrorNumber::pathNotFound);
     }
@@ -243,8 +243,8 @@ std::string DiskFiles::read(const std::string& path) {
     return readAll(file.number(), known ? static_cast<std::size_t>(found.st_size) : blockSize);
 }
 
-void DiskFiles::replace(const std::string& path, std::initializer_list<std::string_view> parts) {
-    writeTarget(path, statusOfTarget(path), parts);
+void DiskFiles::replaceBy(const std::string& path, const Produce& produce) {
+    writeTarget(path, statusOfTarget(path), produce);
 }
 
 void DiskFiles::overwrite(const std::string& path, std::string_view bytes) {
@@ -254,7 +254,10 @@ void DiskFiles::overwrite(const std::string& path, std::string_view bytes) {
         const auto size = static_cast<std::size_t>(old->st_size);
         if (size > bytes.size()) tail = readTail(path, bytes.size(), size);
     }
-    writeTarget(path, old, {bytes, tail});
+    writeTarget(path, old, [&](const Write& write) {
+        write(bytes);
+        write(tail);
+    });
 }
 
 }  // namespace tavisk

@@ -1,8 +1,8 @@
 // The rendered copy of the help tree, with every token in every attribute expanded.
 #pragma once
 
-#include <string>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "formulas/formulaCatalogue.h"
@@ -22,8 +22,10 @@ public:
     /// overlay tokens are expanded in every attribute. Null gives an empty result.
     dom::OwnedNode nodeparse(const dom::Node* xmlnode);
 
+    /// The same without what is below the node.
+    dom::OwnedNode parseAlone(const dom::Node& xmlnode);
+
 private:
-    void expandAttributes(dom::Node& copy);
     void expand(std::string& text);
 
     dom::Document& document_;

@@ -9,6 +9,8 @@
 
 namespace tavisk {
 
+class NodeParser;
+
 struct LayoutResult {
     std::string code;  ///< first non-empty `value` of an element named `code`, in document order
     std::string type;  ///< the same for `type`
@@ -23,11 +25,10 @@ inline constexpr std::size_t maxPageSize = std::size_t{1} << 30;
 /// node is the start of the page and gets no row.
 LayoutResult layoutNode(const dom::Node& node, bool nested);
 
-/// Heading and layout of a page, without serialising the start node.
-std::string layoutPage(const dom::Node& start);
-
-/// Writes head, `html` and tail in code page 1252. Error 5, before the file is touched, for a
-/// character that the code page lacks.
-void writePage(Files& files, const std::string& path, std::string html);
+/// Writes the page of `start`: head, heading, layout and tail in code page 1252. With a parser the
+/// texts are expanded, one node at a time, with the result of laying out `nodeparse(start)`. The
+/// page is never in memory as a whole. On an error the file is left as it was: first those of
+/// expansion, then those of the layout, then error 5 for a character that the code page lacks.
+void writePage(Files& files, const std::string& path, const dom::Node& start, NodeParser* parser);
 
 }  // namespace tavisk
