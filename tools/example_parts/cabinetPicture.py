@@ -112,14 +112,14 @@ def hinge_layer():
 def measure_layer():
     """Width and height of the front, drawn where they are taken."""
     canvas = _layer()
-    colour = "#0B3D91"
-    canvas.measure((LEFT, FLOOR + 14), (RIGHT, FLOOR + 14), "W", colour, 11)
-    canvas.measure((LEFT - 18, TOP), (LEFT - 18, BOTTOM), "H", colour, 11)
+    colour = "#00257A"
+    canvas.measure((LEFT, FLOOR + 14), (RIGHT, FLOOR + 14), "W", colour, 11, 1.5)
+    canvas.measure((LEFT - 18, TOP), (LEFT - 18, BOTTOM), "H", colour, 11, 1.5)
     start, end = (RIGHT + 12, FLOOR + 6), back(RIGHT + 12, FLOOR + 6)
-    canvas.line([start, end], colour, 1)
+    canvas.line([start, end], colour, 1.5)
     canvas.arrow(start, end, colour)
     canvas.arrow(end, start, colour)
-    canvas.text((start[0] + end[0]) / 2 + 9, (start[1] + end[1]) / 2 + 7, "D", 11, colour)
+    canvas.text((start[0] + end[0]) / 2 + 9, (start[1] + end[1]) / 2 + 7, "D", 11, colour, 1.7)
     return png(canvas.finished())
 
 

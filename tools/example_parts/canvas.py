@@ -127,7 +127,7 @@ class Canvas:
                  for turn in (0.32, -0.32)]
         self.polygon([tip] + sides, fill=colour)
 
-    def measure(self, start, end, label, colour=MEASURE, size=8):
+    def measure(self, start, end, label, colour=MEASURE, size=8, width=0.8):
         """A dimension line between two points on one level, or one above the other."""
         level = start[1] == end[1]
         middle = ((start[0] + end[0]) / 2, (start[1] + end[1]) / 2)
@@ -137,17 +137,18 @@ class Canvas:
             share = (length / 2 - half) / length
             for a, b in ((start, end), (end, start)):
                 self.line([a, (a[0] + (b[0] - a[0]) * share, a[1] + (b[1] - a[1]) * share)],
-                          colour, 0.8)
+                          colour, width)
             place = middle
         else:
-            self.line([start, end], colour, 0.8)
-            place = (middle[0], middle[1] - size) if level else (middle[0] - size, middle[1])
+            self.line([start, end], colour, width)
+            high = min(start[1], end[1])
+            place = (max(start[0], end[0]) + half, middle[1]) if level else (middle[0], high - half)
         for tip, other in ((start, end), (end, start)):
             self.arrow(tip, other, colour)
             mark = [(tip[0], tip[1] - 4), (tip[0], tip[1] + 4)] if level else \
                    [(tip[0] - 4, tip[1]), (tip[0] + 4, tip[1])]
-            self.line(mark, colour, 0.8)
-        self.text(place[0], place[1], label, size, colour, upright=level)
+            self.line(mark, colour, width)
+        self.text(place[0], place[1], label, size, colour, width + 0.2, upright=level)
 
     def finished(self):
         """The picture at its stored size."""

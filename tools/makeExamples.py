@@ -1,0 +1,55 @@
+#!/usr/bin/python3
+"""Makes assets/cabinet.png and the documents in examples/. The same bytes come out every time.
+
+With --check nothing is written: the exit status is 1 if a file in the tree differs.
+"""
+
+import argparse
+import pathlib
+import sys
+
+sys.dont_write_bytecode = True
+
+from example_parts import (baseCabinet, cabinetPicture, cornerUnit, flawed, productLine,  # noqa: E402
+                           tallOvenHousing, wallCabinet)
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+
+DOCUMENTS = {
+    "base-cabinet": baseCabinet,
+    "wall-cabinet": wallCabinet,
+    "corner-unit": cornerUnit,
+    "tall-oven-housing": tallOvenHousing,
+    "product-line": productLine,
+    "flawed": flawed,
+}
+
+
+def made():
+    """The files by their path in the tree."""
+    yield "assets/cabinet.png", cabinetPicture.cabinet()
+    for name, module in DOCUMENTS.items():
+        yield f"examples/{name}.xml", module.document().encode("utf-8")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--check", action="store_true",
+                        help="write nothing; exit with 1 if a file in the tree differs")
+    check = parser.parse_args().check
+    differing = []
+    for path, content in made():
+        file = ROOT / path
+        if file.exists() and file.read_bytes() == content:
+            continue
+        differing.append(path)
+        if not check:
+            file.parent.mkdir(exist_ok=True)
+            file.write_bytes(content)
+    for path in differing:
+        print(f"{path} {'differs from what this tool makes' if check else 'written'}")
+    return 1 if check and differing else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
