@@ -1,0 +1,21 @@
+#include "host/finding.h"
+
+namespace tavisk {
+
+std::string quoted(std::string_view utf8) {
+    constexpr std::size_t longest = 80;
+    std::size_t end = utf8.size();
+    if (end > longest) {
+        end = longest;
+        // Not in the middle of a character.
+        while (end > 0 && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80)
+            --end;
+    }
+    std::string text = "\"";
+    text += utf8.substr(0, end);
+    if (end < utf8.size()) text += "...";
+    text += '"';
+    return text;
+}
+
+}  // namespace tavisk

@@ -1,0 +1,129 @@
+#include "host/helpText.h"
+
+namespace tavisk {
+namespace {
+
+constexpr std::string_view toolText =
+    R"(tavisk - help documents of cabinets, without a window
+
+A help document is one XML file: a tree of help nodes below its "cabinet" element, with the formulas
+and pictures that the texts refer to. This command does with it what the editor does, for build
+servers and scripts.
+
+Usage:
+  tavisk render FILE --folder DIR [--evaluate]        write the HTML page
+  tavisk save FILE [--refresh KEY] [-o OUT]           load, then save as the editor's OK does
+  tavisk check FILE [--json]                          report what an author should mend
+  tavisk COMMAND --help                               more on one command
+  tavisk --version
+
+FILE is UTF-8, or UTF-16 with a byte order mark; "-" is standard input. Options may stand before or
+after FILE; behind "--" everything is FILE.
+
+A first page:
+  tavisk check kitchen.xml
+  tavisk render kitchen.xml --folder out --evaluate
+  xdg-open out/temp.html
+
+Exit codes:
+  0  done; for check: nothing found
+  1  check found something
+  2  the command line is wrong
+  3  the document was rejected; standard error says why
+  4  run-time error, for example an unreadable file or a full disk
+)";
+
+constexpr std::string_view renderText =
+    R"(Usage: tavisk render FILE --folder DIR [--evaluate]
+
+Writes the page that the preview shows to DIR/temp.html, in code page 1252. The file is replaced
+whole or, after an error, left as it was.
+
+  --folder DIR   where the page goes; created if missing. cabinet.png, the picture below overlays,
+                 and style.css, the page's stylesheet, are copied there if they are absent; put your
+                 own there to have them used.
+  --evaluate     fill in the values of the formulas, the pictures and the overlays; the pictures
+                 are written to DIR/temp_images/. Without it the texts show their tokens as typed.
+
+The page names its pictures by their full path, so DIR must not be moved afterwards.
+
+Examples:
+  tavisk render kitchen.xml --folder out --evaluate
+  generate-help | tavisk render - --folder=/srv/help/kitchen --evaluate
+
+Exit codes: 0 done, 2 usage, 3 document rejected, 4 run-time error.
+)";
+
+constexpr std::string_view saveText =
+    R"(Usage: tavisk save FILE [--folder DIR] [--refresh KEY] [-o OUT]
+
+Loads the document, which selects a node and fills the editor's panel from it, and saves it as the
+editor's OK does: the formula elements are written anew, without their values, and "location"
+markers and the generated cabinet picture are gone. The result is UTF-8, on standard output unless
+-o is given.
+
+  --refresh KEY  save as "Refresh Formula Values" does with the node of that key selected: the
+                 result carries a "location" marker, so that the editor opens at that node. A key is
+                 the names from the cabinet down, joined by "=>": "cabinet=>How to order".
+  -o OUT         write the result to OUT, which is replaced whole or, after an error, left as it
+                 was. OUT may be FILE.
+  --folder DIR   the folder whose cabinet.png loading takes in. Saving removes the picture again,
+                 so the result is the same without it.
+
+Examples:
+  tavisk save kitchen.xml -o kitchen.xml
+  tavisk save kitchen.xml --refresh "cabinet=>Dimensions" > opened.xml
+
+Exit codes: 0 done, 2 usage or a key that no node has, 3 document rejected, 4 run-time error.
+)";
+
+constexpr std::string_view checkText =
+    R"(Usage: tavisk check FILE [--json]
+
+Reports what an author wants to know before the document goes out, one finding per line:
+
+  FILE: error: cabinet=>Dimensions: value, position 12: No formula is named "Rate". [unknown-formula]
+
+that is: severity, the node's key, the attribute, the position in its text (counted from 0 in UTF-16
+code units), the message and its code. Formulas and pictures are given by their name. An error stops
+the editor or the page, or puts something wrong before the reader's eyes; a warning is most likely
+not what was meant.
+
+  --json         one JSON object instead: {"file", "findings": [{"severity", "code", "key",
+                 "attribute", "position", "message"}]}; key, attribute and position are null where
+                 there is none.
+
+What is looked at:
+  the document   why it would be rejected (not-well-formed, document-rejected), or could not be
+                 loaded, shown or saved (no-help-nodes, cannot-be-loaded, cannot-be-rendered,
+                 cannot-be-saved, too-many-nodes, too-many-attributes)
+  nodes          name-clash, misplaced-element, not-an-element, bad-number, number-out-of-range,
+                 bad-colour, bad-flag
+  texts          unknown-formula, unknown-picture, unknown-overlay, formula-hides-picture,
+                 odd-backquote, text-too-long, outside-code-page
+  formulas       duplicate-formula, formula-without-name, name-with-backquote, bad-flag
+  pictures       picture-unused, picture-without-data, picture-bad-data, picture-without-name,
+                 picture-without-extension, duplicate-picture, picture-file-clash,
+                 picture-name-unsafe, picture-name-special, name-with-backquote, bad-number
+
+Examples:
+  tavisk check kitchen.xml
+  tavisk check kitchen.xml --json | jq -r '.findings[].code' | sort | uniq -c
+
+Exit codes: 0 nothing found, 1 something found (a rejected document too), 2 usage, 4 run-time error.
+)";
+
+}  // namespace
+
+std::string_view helpText(std::optional<Action> topic) {
+    switch (topic.value_or(Action::help)) {
+        case Action::render: return renderText;
+        case Action::save: return saveText;
+        case Action::check: return checkText;
+        case Action::help:
+        case Action::version: break;
+    }
+    return toolText;
+}
+
+}  // namespace tavisk

@@ -1,0 +1,14 @@
+// The texts of `tavisk --help`.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "host/commandLine.h"
+
+namespace tavisk {
+
+/// Of the whole tool, or of one command.
+std::string_view helpText(std::optional<Action> topic);
+
+}  // namespace tavisk

@@ -1,0 +1,18 @@
+// Reads the document that a command works on.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <variant>
+
+#include "platform/dom.h"
+#include "platform/message.h"
+
+namespace tavisk {
+
+/// The file's bytes, or those of standard input for "-". UTF-16 with a byte order mark becomes
+/// UTF-8; UTF-16 that is broken gives the message that a parse error gives. A file that cannot be
+/// read is a FileError.
+std::variant<dom::Source, Message> readInput(const std::string& file, std::istream& standardInput);
+
+}  // namespace tavisk

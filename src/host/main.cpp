@@ -1,0 +1,18 @@
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "host/commands.h"
+#include "host/terminal.h"
+
+int main(int count, char** words) {
+    try {
+        tavisk::reportClosedPipes();
+        const std::vector<std::string> arguments(words + (count > 0 ? 1 : 0), words + count);
+        const tavisk::Streams streams{std::cin, std::cout, std::cerr,
+                                      tavisk::errorOutputIsTerminal()};
+        return static_cast<int>(tavisk::runCommand(arguments, streams));
+    } catch (...) {
+        return static_cast<int>(tavisk::ExitCode::runTimeError);
+    }
+}

@@ -1,0 +1,54 @@
+#include "host/output.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include "host/fileError.h"
+
+namespace tavisk {
+
+namespace fs = std::filesystem;
+
+void writeStandardOutput(std::ostream& out, std::string_view text) {
+    errno = 0;
+    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    out.flush();
+    if (out) return;
+    const bool full = errno == ENOSPC || errno == EFBIG;
+    throw FileError(full ? ErrorNumber::diskFull : ErrorNumber::deviceError, "standard output");
+}
+
+void writeOutputFile(Files& files, const std::string& path, std::string_view text) {
+    std::error_code error;
+    fs::path target = path;
+    if (fs::is_symlink(target, error)) {
+        // A link that leads nowhere, or to something without a name like a pipe, is opened as it
+        // is.
+        if (fs::path behind = fs::canonical(target, error); !error) target = std::move(behind);
+    }
+    files.replace(target.generic_string(), {text});
+}
+
+std::string absoluteFolder(const std::string& folder) {
+    std::error_code error;
+    const fs::path whole = fs::absolute(folder, error);
+    if (error) throw FileError(ErrorNumber::pathNotFound, folder);
+    fs::path plain = whole.root_path();
+    for (const fs::path& step : whole.relative_path()) {
+        // ".." stays: what it means behind a link only the file system knows.
+        if (!step.empty() && step != ".") plain /= step;
+    }
+    // The root alone would end in a separator.
+    if (plain == whole.root_path()) plain /= ".";
+    return plain.generic_string();
+}
+
+void createFolders(Files& files, const std::string& folder) {
+    if (files.folderExists(folder)) return;
+    const fs::path above = fs::path(folder).parent_path();
+    if (above != folder) createFolders(files, above.generic_string());
+    files.createFolder(folder);
+}
+
+}  // namespace tavisk

@@ -1,0 +1,26 @@
+// Where results go.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+
+namespace tavisk {
+
+/// All of it, or a FileError that names standard output.
+void writeStandardOutput(std::ostream& out, std::string_view text);
+
+/// The file is replaced whole or not at all. A symbolic link stays one: the file behind it is
+/// replaced.
+void writeOutputFile(Files& files, const std::string& path, std::string_view text);
+
+/// A folder as the page can name it: from the root, without "." and without a separator at its end.
+/// Links stay as they are.
+std::string absoluteFolder(const std::string& folder);
+
+/// With everything above it.
+void createFolders(Files& files, const std::string& folder);
+
+}  // namespace tavisk

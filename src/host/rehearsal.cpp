@@ -1,0 +1,98 @@
+#include "host/rehearsal.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "document/nodeKeys.h"
+#include "document/xmlParse.h"
+#include "editor/helpSession.h"
+#include "formulas/formulaCatalogue.h"
+#include "host/noFiles.h"
+#include "host/nodeChecks.h"
+#include "host/textChecks.h"
+#include "render/nodeParse.h"
+#include "render/pageLayout.h"
+
+namespace tavisk {
+namespace {
+
+/// The folder's path is part of every picture's markup and so of a text's length; this is the
+/// longest that every system can have.
+std::string longestFolder() { return '/' + std::string(259, 'x'); }
+
+constexpr std::string_view renderCode = "cannot-be-rendered";
+
+std::string describe(const RunTimeError& error) {
+    return "run-time error " + std::to_string(error.number()) + ", " + error.what();
+}
+
+/// What one node puts into the page.
+class NodePage {
+public:
+    NodePage(dom::Document& document, const dom::Node& cabinet)
+        : document_(document), cabinet_(cabinet) {
+        catalogue_.load(document);
+        parser_.emplace(document, catalogue_, longestFolder() + "/temp_images/");
+    }
+
+    std::optional<Problem> check(const dom::Node& node) {
+        try {
+            const dom::OwnedNode alone = document_.clone(node, false);
+            const dom::OwnedNode copy = parser_->nodeparse(alone.get());
+            std::string html = layoutNode(*copy, &node != &cabinet_).html;
+            if (givesHeading(node)) html += GetAttributeValue(copy.get(), "value", "");
+            return checkCharacters(html, false);
+        } catch (...) {
+            return Problem{Severity::error, renderCode, describe(currentRunTimeError())};
+        }
+    }
+
+private:
+    dom::Document& document_;
+    const dom::Node& cabinet_;
+    FormulaCatalogue catalogue_;
+    std::optional<NodeParser> parser_;
+};
+
+void visit(const dom::Node& node, NodePage& page, const std::unordered_set<const dom::Node*>& known,
+           Findings& findings) {
+    if (!known.contains(&node)) {
+        if (const std::optional<Problem> problem = page.check(node)) {
+            findings.push_back({Severity::error, renderCode, KeyOfElement(node, keySeparator, true),
+                                "", std::nullopt,
+                                "With formulas and pictures filled in: " + problem->message});
+        }
+    }
+    for (const dom::Node* child = node.firstChild(); child != nullptr; child = child->next())
+        visit(*child, page, known, findings);
+}
+
+}  // namespace
+
+std::optional<Failure> rehearse(dom::Source source) {
+    Failure failure{"cannot-be-loaded", "loaded", RunTimeError(ErrorNumber::invalidArgument)};
+    try {
+        NoFiles files;
+        HelpSession session(files, longestFolder());
+        if (session.load(std::move(source), HelpSession::Keep::nothing)) return std::nullopt;
+        failure.code = renderCode;
+        failure.step = "shown";
+        session.generatepreview(true);
+        failure.code = "cannot-be-saved";
+        failure.step = "saved";
+        session.saveDocument();
+        return std::nullopt;
+    } catch (...) {
+        failure.error = currentRunTimeError();
+        return failure;
+    }
+}
+
+void findFailingNodes(dom::Document& document, const dom::Node& cabinet,
+                      const std::unordered_set<const dom::Node*>& known, Findings& findings) {
+    NodePage page(document, cabinet);
+    visit(cabinet, page, known, findings);
+}
+
+}  // namespace tavisk

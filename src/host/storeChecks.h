@@ -1,0 +1,14 @@
+// What is wrong with the formulas and pictures of a document.
+#pragma once
+
+#include "host/finding.h"
+#include "host/tokenNames.h"
+
+namespace tavisk {
+
+void checkFormulas(const TokenNames& names, Findings& findings);
+
+/// After the nodes: by then it is known which pictures the texts use.
+void checkPictures(const TokenNames& names, Findings& findings);
+
+}  // namespace tavisk

@@ -1,0 +1,12 @@
+#include "host/terminal.h"
+
+#include <csignal>
+#include <unistd.h>
+
+namespace tavisk {
+
+bool errorOutputIsTerminal() { return ::isatty(STDERR_FILENO) == 1; }
+
+void reportClosedPipes() { std::signal(SIGPIPE, SIG_IGN); }
+
+}  // namespace tavisk
