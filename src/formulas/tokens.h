@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -37,6 +38,13 @@ void scanTokens(std::u16string_view text, std::vector<Token>& tokens);
 
 /// The same for UTF-8, positions in bytes; the length limit still counts UTF-16 code units.
 void scanTokens(std::string_view utf8, std::vector<Token>& tokens);
+
+/// Rewrites the tokens whose kind concerns the caller, in one scan of the pairs. The scan's
+/// position and its end, the text's length before it, are not corrected when a replacement is
+/// shorter or longer than its token: later tokens can be missed or pair differently, and pages
+/// depend on that. Error 6 for texts over 32,767 UTF-16 code units.
+void rewriteTokens(std::string& text, bool (*concerns)(TokenKind),
+                   std::u16string (*rewrite)(TokenKind, std::u16string_view body));
 
 /// Between the backquotes.
 constexpr std::string_view tokenBody(std::string_view text, const Token& token) {

@@ -1,0 +1,54 @@
+#include "render/nodeParse.h"
+
+#include <utility>
+
+#include "platform/text.h"
+
+namespace tavisk {
+namespace {
+
+/// Texts without a line feed and without a backquote that are short enough come out as they are.
+bool hasNothingToExpand(std::string_view text) {
+    return text.size() <= maxCount && text.find('`') == std::string_view::npos &&
+           text.find('\n') == std::string_view::npos;
+}
+
+}  // namespace
+
+NodeParser::NodeParser(dom::Document& document, const FormulaCatalogue& catalogue,
+                       std::string imageTemp)
+    : document_(document),
+      imageTemp_(std::move(imageTemp)),
+      formulas_(catalogue),
+      images_(document, imageTemp_) {}
+
+dom::OwnedNode NodeParser::nodeparse(const dom::Node* xmlnode) {
+    if (xmlnode == nullptr) return {};
+    dom::OwnedNode copy = parseAlone(*xmlnode);
+    for (const dom::Node* child = xmlnode->firstChild(); child != nullptr; child = child->next()) {
+        document_.append(*copy, nodeparse(child));
+    }
+    return copy;
+}
+
+dom::OwnedNode NodeParser::parseAlone(const dom::Node& xmlnode) {
+    dom::OwnedNode copy = document_.clone(xmlnode, false);
+    for (std::size_t i = 0; i < copy->attributes().size(); ++i) {
+        const std::string_view text = copy->attributes()[i].text();
+        if (overlays_ && hasNothingToExpand(text)) continue;
+        text_.assign(text);
+        expand(text_);
+        document_.setAttributeText(*copy, i, text_);
+    }
+    return copy;
+}
+
+void NodeParser::expand(std::string& text) {
+    if (text.find('\n') != std::string::npos) text = replaceAll(text, "\n", "<br>");
+    formulas_.parse(text);
+    images_.parse(text);
+    if (!overlays_) overlays_.emplace(document_, imageTemp_, 1.0);
+    overlays_->parse(text);
+}
+
+}  // namespace tavisk

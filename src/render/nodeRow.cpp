@@ -1,0 +1,121 @@
+#include "render/nodeRow.h"
+
+#include <array>
+#include <charconv>
+#include <cstdlib>
+
+#include "document/helpNames.h"
+#include "document/xmlParse.h"
+#include "platform/text.h"
+
+namespace tavisk {
+namespace {
+
+constexpr std::array<AttributeDefault, 8> rowAttributes{{
+    {"style", "0"},
+    {"titlecolor", "#000000"},
+    {"answercolor", "#000000"},
+    {"titlefontsize", "0"},
+    {"answerfontsize", "0"},
+    {"value", ""},
+    {"titlehidden", "0"},
+    {"answerhidden", "0"},
+}};
+
+constexpr std::string_view rowOpening = "<tr>\r\n";
+constexpr std::string_view rowClosing = "</tr>\r\n";
+constexpr std::string_view cell = "\t<td>\r\n\t\t";
+constexpr std::string_view wideCell = "\t<td colspan=2>\r\n\t\t";
+constexpr std::string_view cellClosing = "\r\n\t</td>\r\n";
+
+/// Title or answer: the tags around its text.
+struct Look {
+    bool bold;
+    bool italic;
+    bool underlined;
+    std::string_view colour;
+    int size;
+};
+
+/// `bits` are the three style bits of this text, bold lowest.
+Look lookOf(int bits, std::string_view colour, std::string_view size) {
+    return {(bits & 1) != 0, (bits & 2) != 0, (bits & 4) != 0, colour,
+            floor16(leadingNumber(size))};
+}
+
+void appendNumber(std::string& html, int number) {
+    std::array<char, 8> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    html.append(digits.data(), end);
+}
+
+void appendOpening(std::string& html, const Look& look) {
+    if (look.bold) html += "<b>";
+    if (look.italic) html += "<i>";
+    if (look.underlined) html += "<u>";
+    html.append("<font color=\"").append(look.colour).append("\" size=\"");
+    html += look.size < 0 ? '-' : '+';
+    appendNumber(html, std::abs(look.size));
+    html += "\">";
+}
+
+void appendClosing(std::string& html, const Look& look) {
+    html += "</font>";
+    if (look.underlined) html += "</u>";
+    if (look.italic) html += "</i>";
+    if (look.bold) html += "</b>";
+}
+
+void appendCell(std::string& html, std::string_view opening, const Look& look,
+                std::string_view text) {
+    html += opening;
+    appendOpening(html, look);
+    html += text;
+    appendClosing(html, look);
+    html += cellClosing;
+}
+
+}  // namespace
+
+void appendNodeRow(std::string& html, const dom::Node& node) {
+    const auto [style, titleColour, answerColour, titleSize, answerSize, value, titleHiddenText,
+                answerHiddenText] = GetAttributeValues(node, rowAttributes);
+    const int bits = floor16(leadingNumber(style));
+    const Look title = lookOf(bits, titleColour, titleSize);
+    const Look answer = lookOf(bits >> 3, answerColour, answerSize);
+    const bool titleHidden = titleHiddenText == "1";
+    const bool answerHidden = answerHiddenText == "1";
+    if (titleHidden && answerHidden) return;
+
+    html += rowOpening;
+    if (titleHidden) {
+        appendCell(html, wideCell, answer, value);
+    } else {
+        const bool alone = answerHidden || value.empty();
+        appendCell(html, alone ? wideCell : cell, title, shownName(node.baseName()));
+        if (!alone) appendCell(html, cell, answer, value);
+    }
+    html += rowClosing;
+}
+
+std::string renderNodeRow(const dom::Node& node) {
+    std::string html;
+    appendNodeRow(html, node);
+    return html;
+}
+
+std::string capitalizeWords(std::string_view name) {
+    std::string words;
+    bool first = true;
+    for (const char c : name) {
+        if (c == '_') {
+            words += ' ';
+        } else {
+            words += first && c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+        }
+        first = c == '_';
+    }
+    return words;
+}
+
+}  // namespace tavisk
