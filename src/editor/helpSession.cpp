@@ -241,16 +241,14 @@ bool HelpSession::changed() const { return loaded() && writeXml(*articledoc) != 
 
 std::string HelpSession::generatepreview(bool evaluateFormula) {
     if (!loaded()) raise(ErrorNumber::objectNotSet);
-    std::string html;
+    std::string path = folder_ + "/temp.html";
     if (evaluateFormula) {
         dumpImages(*articledoc, files_, IMG_TEMP);
         NodeParser parser(*articledoc, formulaCatalogue, IMG_TEMP);
-        html = layoutPage(*parser.nodeparse(baseXMLNode));
+        writePage(files_, path, *baseXMLNode, &parser);
     } else {
-        html = layoutPage(*baseXMLNode);
+        writePage(files_, path, *baseXMLNode, nullptr);
     }
-    std::string path = folder_ + "/temp.html";
-    writePage(files_, path, std::move(html));
     return path;
 }
 
