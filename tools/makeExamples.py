@@ -16,20 +16,21 @@ from example_parts import (baseCabinet, cabinetPicture, cornerUnit, flawed, prod
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 DOCUMENTS = {
-    "base-cabinet": baseCabinet,
-    "wall-cabinet": wallCabinet,
-    "corner-unit": cornerUnit,
-    "tall-oven-housing": tallOvenHousing,
-    "product-line": productLine,
-    "flawed": flawed,
+    "base-cabinet": baseCabinet.document,
+    "wall-cabinet": wallCabinet.document,
+    "corner-unit": cornerUnit.document,
+    "tall-oven-housing": tallOvenHousing.document,
+    "product-line": productLine.document,
+    "flawed": flawed.document,
+    "flawed/no-page": flawed.without_page,
 }
 
 
 def made():
     """The files by their path in the tree."""
     yield "assets/cabinet.png", cabinetPicture.cabinet()
-    for name, module in DOCUMENTS.items():
-        yield f"examples/{name}.xml", module.document().encode("utf-8")
+    for name, document in DOCUMENTS.items():
+        yield f"examples/{name}.xml", document().encode("utf-8")
 
 
 def main():
