@@ -27,25 +27,26 @@ public:
 
     /// Room for at least one more byte beside the NUL.
     std::pair<char*, std::size_t> room() {
-        if (source_.size + 1 == capacity_) reserve(capacity_ * 2);
-        return {source_.bytes.get() + source_.size, capacity_ - source_.size - 1};
+        if (size_ + 1 == capacity_) reserve(capacity_ * 2);
+        return {bytes_.get() + size_, capacity_ - size_ - 1};
     }
-    void filled(std::size_t count) { source_.size += count; }
+    void filled(std::size_t count) { size_ += count; }
 
     dom::Source finish() {
-        source_.bytes[source_.size] = '\0';
-        return std::move(source_);
+        bytes_[size_] = '\0';
+        return {std::move(bytes_), size_};
     }
 
 private:
     void reserve(std::size_t capacity) {
         auto bytes = std::make_unique_for_overwrite<char[]>(capacity);
-        if (source_.size > 0) std::memcpy(bytes.get(), source_.bytes.get(), source_.size);
-        source_.bytes = std::move(bytes);
+        if (size_ > 0) std::memcpy(bytes.get(), bytes_.get(), size_);
+        bytes_ = std::move(bytes);
         capacity_ = capacity;
     }
 
-    dom::Source source_;
+    std::unique_ptr<char[]> bytes_;
+    std::size_t size_ = 0;
     std::size_t capacity_ = 0;
 };
 

@@ -88,10 +88,10 @@ void OwnedNode::reset() noexcept {
 }
 
 Source Source::copy(std::string_view text) {
-    Source source{std::make_unique_for_overwrite<char[]>(text.size() + 1), text.size()};
-    std::ranges::copy(text, source.bytes.get());
-    source.bytes[text.size()] = '\0';
-    return source;
+    auto bytes = std::make_unique_for_overwrite<char[]>(text.size() + 1);
+    std::ranges::copy(text, bytes.get());
+    bytes[text.size()] = '\0';
+    return {std::move(bytes), text.size()};
 }
 
 Document::Document() {
@@ -140,14 +140,19 @@ void Document::freeTree(Node* top) noexcept {
     }
 }
 
+const Name* Document::newName(std::string_view qualified) {
+    char* const block = static_cast<char*>(pool_.keep(sizeof(Name) + qualified.size()));
+    char* const bytes = block + sizeof(Name);
+    std::memcpy(bytes, qualified.data(), qualified.size());
+    const std::string_view name(bytes, qualified.size());
+    return new (block) Name{name, name.substr(name.find(':') + 1)};  // npos + 1 is 0
+}
+
 const Name* Document::intern(std::string_view qualified) {
-    if (const auto found = names_.find(qualified); found != names_.end()) return &found->second;
-    Text stored;
-    store(stored, qualified);
-    const std::string_view name = stored.view();
-    const std::size_t colon = name.find(':');
-    const std::string_view base = colon == std::string_view::npos ? name : name.substr(colon + 1);
-    return &names_.emplace(name, Name{name, base}).first->second;
+    if (const auto found = names_.find(qualified); found != names_.end()) return found->second;
+    const Name* const name = newName(qualified);
+    names_.emplace(name->qualified, name);
+    return name;
 }
 
 const Name* Document::nameFor(NodeType type, std::string_view name) {
@@ -192,7 +197,11 @@ void Document::dropText(Text& text) noexcept {
 
 void Document::reserveAttributes(Node& element, std::size_t count) {
     const std::size_t bytes = TextPool::capacityFor(count * sizeof(Attribute));
-    auto* table = static_cast<Attribute*>(pool_.allocate(bytes));
+    moveAttributes(element, pool_.allocate(bytes), bytes);
+}
+
+void Document::moveAttributes(Node& element, void* block, std::size_t bytes) {
+    auto* table = static_cast<Attribute*>(block);
     std::uninitialized_copy_n(element.attributes_, element.attributeCount_, table);
     releaseAttributes(element);
     element.attributes_ = table;
@@ -201,8 +210,7 @@ void Document::reserveAttributes(Node& element, std::size_t count) {
 
 void Document::releaseAttributes(Node& element) noexcept {
     if (element.attributeCapacity_ == 0) return;
-    pool_.release(element.attributes_,
-                  TextPool::capacityFor(element.attributeCapacity_ * sizeof(Attribute)));
+    pool_.release(element.attributes_, element.attributeCapacity_ * sizeof(Attribute));
 }
 
 Attribute& Document::growAttributes(Node& element) {
@@ -241,11 +249,9 @@ void Document::checkPlace(const Node& parent, const Node& child) const {
 
 std::vector<Node*> Document::elementsByTagName(std::string_view name) const {
     std::vector<Node*> found;
-    const auto known = names_.find(name);
-    if (known == names_.end()) return found;
     for (Node* node = nextInDocument(root_, root_); node != nullptr;
          node = nextInDocument(*node, root_)) {
-        if (node->name_ == &known->second && node->isElement()) found.push_back(node);
+        if (node->isElement() && node->nodeName() == name) found.push_back(node);
     }
     return found;
 }

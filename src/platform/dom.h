@@ -35,7 +35,6 @@ enum class NodeType : std::uint8_t {
     instruction,
 };
 
-/// A qualified name, held once per document.
 struct Name {
     std::string_view qualified;
     std::string_view base;  ///< behind the prefix and its colon
@@ -141,7 +140,7 @@ private:
 
 /// The bytes that a document was parsed from; texts of the tree are views of them.
 struct Source {
-    std::unique_ptr<char[]> bytes;  ///< followed by a NUL that `size` does not count
+    std::shared_ptr<const char[]> bytes;  ///< followed by a NUL that `size` does not count
     std::size_t size = 0;
 
     static Source copy(std::string_view text);
@@ -193,12 +192,14 @@ private:
     Node* newNode(NodeType type, const Name* name);
     void freeTree(Node* node) noexcept;
     void freeNode(Node* node) noexcept;
+    const Name* newName(std::string_view qualified);
     const Name* intern(std::string_view qualified);
     void store(Text& text, std::string_view value);
     void copyText(Text& to, const Text& from);
     void dropText(Text& text) noexcept;
     const Name* nameFor(NodeType type, std::string_view name);
     void reserveAttributes(Node& element, std::size_t count);
+    void moveAttributes(Node& element, void* block, std::size_t bytes);
     void releaseAttributes(Node& element) noexcept;
     Attribute& growAttributes(Node& element);
     Node* cloneOne(const Node& node);
@@ -208,7 +209,7 @@ private:
 
     TextPool pool_;
     Source source_;
-    std::unordered_map<std::string_view, Name> names_;
+    std::unordered_map<std::string_view, const Name*> names_;  ///< those not from the parser
     Node root_;
     std::vector<std::unique_ptr<Node[]>> nodeBlocks_;
     std::size_t nodesLeft_ = 0;  ///< unused nodes at the end of the last block

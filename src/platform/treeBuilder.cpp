@@ -1,5 +1,6 @@
 #include "platform/treeBuilder.h"
 
+#include <cstring>
 #include <functional>
 #include <utility>
 
@@ -14,7 +15,9 @@ void TreeBuilder::beginElement(const Name* name, std::size_t attributeCount) {
     Node* const element = document_.newNode(NodeType::element, name);
     document_.link(*current_, element, nullptr);
     current_ = element;
-    if (attributeCount != 0) document_.reserveAttributes(*element, attributeCount);
+    if (attributeCount == 0) return;
+    const std::size_t bytes = attributeCount * sizeof(Attribute);
+    document_.moveAttributes(*element, document_.pool_.keep(bytes), bytes);
 }
 
 void TreeBuilder::attribute(const Name* name, std::string_view text) {
@@ -36,8 +39,11 @@ void TreeBuilder::put(Text& text, std::string_view value) {
         notAfter(value.data() + value.size(), all.data() + all.size())) {
         text.data_ = value.data();
         text.size_ = static_cast<std::uint32_t>(value.size());
-    } else {
-        document_.store(text, value);
+    } else if (!value.empty()) {
+        auto* const bytes = static_cast<char*>(document_.pool_.keep(value.size()));
+        std::memcpy(bytes, value.data(), value.size());
+        text.data_ = bytes;
+        text.size_ = text.capacity_ = static_cast<std::uint32_t>(value.size());
     }
 }
 

@@ -21,7 +21,8 @@ public:
 
     void setDeclaration(bool present) noexcept { document_.hasDeclaration_ = present; }
 
-    const Name* name(std::string_view qualified) { return document_.intern(qualified); }
+    /// Names may be made more than once; the caller keeps those that come often.
+    const Name* name(std::string_view qualified) { return document_.newName(qualified); }
 
     void beginElement(const Name* name, std::size_t attributeCount);
     /// At most as many as announced.

@@ -189,13 +189,22 @@ private:
         lastLine_ = error.line;
     }
 
+    struct CachedName {
+        const xmlChar* prefix = nullptr;
+        const xmlChar* local = nullptr;
+        const dom::Name* name = nullptr;
+    };
+    using NameCache = std::array<CachedName, 64>;
+
     /// The parser hands out one pointer per name, so pointers stand for names here.
-    const dom::Name* name(const xmlChar* prefix, const xmlChar* local) {
+    const dom::Name* name(NameCache& cache, const xmlChar* prefix, const xmlChar* local) {
         const auto hash = (reinterpret_cast<std::uintptr_t>(local) >> 3) ^
                           (reinterpret_cast<std::uintptr_t>(prefix) >> 5);
-        CachedName& cached = names_[hash % names_.size()];
+        CachedName& cached = cache[hash % cache.size()];
         if (cached.name == nullptr || cached.local != local || cached.prefix != prefix) {
-            cached = {prefix, local, builder_.name(qualified(prefix, local))};
+            const dom::Name* made = prefix == nullptr ? builder_.name(view(local))
+                                                      : builder_.name(qualified(prefix, local));
+            cached = {prefix, local, made};
         }
         return cached.name;
     }
@@ -227,7 +236,8 @@ private:
             stop("Nesting deeper than 1,000 elements");
             return;
         }
-        builder_.beginElement(name(prefix, local), namespaces.count + attributes.count);
+        builder_.beginElement(name(elementNames_, prefix, local),
+                              namespaces.count + attributes.count);
         if (namespaces.count == 0) {
             for (std::size_t i = 0; i < attributes.count; ++i)
                 addAttribute(attributes, i);
@@ -243,7 +253,8 @@ private:
     }
 
     void addAttribute(const Attributes& attributes, std::size_t i) {
-        builder_.attribute(name(attributes.prefix(i), attributes.local(i)), attributes.text(i));
+        builder_.attribute(name(attributeNames_, attributes.prefix(i), attributes.local(i)),
+                           attributes.text(i));
     }
 
     // Namespace declarations come apart from the attributes: the tag itself tells where they stood.
@@ -378,16 +389,11 @@ private:
         }
     }
 
-    struct CachedName {
-        const xmlChar* prefix = nullptr;
-        const xmlChar* local = nullptr;
-        const dom::Name* name = nullptr;
-    };
-
     dom::TreeBuilder& builder_;
     std::string_view source_;
     xmlParserCtxt* context_ = nullptr;
-    std::array<CachedName, 256> names_;
+    NameCache elementNames_;
+    NameCache attributeNames_;  ///< few, and not to be pushed out by those of elements
     std::exception_ptr thrown_;
     std::string lastReason_;
     int lastLine_ = 1;
