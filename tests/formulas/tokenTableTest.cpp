@@ -1,0 +1,193 @@
+#include "formulas/tokenTable.h"
+
+#include <gtest/gtest.h>
+#include <initializer_list>
+#include <string>
+#include <utility>
+
+namespace tavisk {
+namespace {
+
+using Entries = std::initializer_list<std::pair<const char*, const char*>>;
+
+std::string replaced(Entries entries, std::string text) {
+    TokenTable table;
+    for (const auto& [body, replacement] : entries)
+        table.add(body, replacement);
+    table.replaceIn(text);
+    return text;
+}
+
+TEST(TokenTable, EmptyTableLeavesTheText) { EXPECT_EQ(replaced({}, "`a`"), "`a`"); }
+
+TEST(TokenTable, EveryOccurrenceIsReplaced) {
+    EXPECT_EQ(replaced({{"a", "1"}, {"b", "2"}}, "x`a`y`b`z`a``a`"), "x1y2z11");
+}
+
+TEST(TokenTable, UnknownTokensStay) {
+    EXPECT_EQ(replaced({{"a", "1"}}, "`b` `~a` `!a` `@a` a `a"), "`b` `~a` `!a` `@a` a `a");
+}
+
+TEST(TokenTable, ComparisonIsExact) {
+    EXPECT_EQ(replaced({{"Rate", "5"}}, "`rate``Rate ``RATE``Rates`"),
+              "`rate``Rate ``RATE``Rates`");
+}
+
+TEST(TokenTable, ReplacementMayBeEmptyOrLong) {
+    const std::string longText(5000, 'v');
+    EXPECT_EQ(replaced({{"a", ""}, {"b", longText.c_str()}}, "x`a`y`b`z"), "xy" + longText + "z");
+}
+
+TEST(TokenTable, LongReplacementsAmongManyTokensKeepTheirPlaces) {
+    std::string text;
+    std::string expected;
+    for (int i = 0; i < 300; ++i) {
+        text += "<`a`|`b`>";
+        expected += "<a rather long replacement|>";
+    }
+    EXPECT_EQ(replaced({{"a", "a rather long replacement"}, {"b", ""}}, text), expected);
+}
+
+TEST(TokenTable, LaterEntrySeesTheValueOfAnEarlierOne) {
+    EXPECT_EQ(replaced({{"a", "`b`"}, {"b", "2"}}, "`a`"), "2");
+}
+
+TEST(TokenTable, EarlierEntryDoesNotSeeTheValueOfALaterOne) {
+    EXPECT_EQ(replaced({{"b", "2"}, {"a", "`b`"}}, "`a`"), "`b`");
+}
+
+TEST(TokenTable, ValuesChainThroughSeveralEntries) {
+    EXPECT_EQ(replaced({{"a", "<`b`>"}, {"b", "(`c`)"}, {"c", "3"}}, "`a``b``c`"), "<(3)>(3)3");
+}
+
+TEST(TokenTable, EntryDoesNotSeeItsOwnValue) {
+    EXPECT_EQ(replaced({{"a", "``a``"}}, "`a`"), "``a``");
+}
+
+TEST(TokenTable, ValueWithOneBackquoteJoinsTheTextBehindIt) {
+    EXPECT_EQ(replaced({{"a", "`"}, {"b", "2"}}, "`a`b`"), "2");
+}
+
+TEST(TokenTable, ValueWithOneBackquoteJoinsTheTextBeforeIt) {
+    EXPECT_EQ(replaced({{"a", "`"}, {"b", "2"}}, "`b`a`"), "2");
+    EXPECT_EQ(replaced({{"b", "2"}, {"a", "`"}}, "`b`a`"), "2a`");
+    EXPECT_EQ(replaced({{"a", "b`"}, {"xb", "2"}}, "`x`a`"), "2");
+}
+
+TEST(TokenTable, ValuesOfTwoTokensFormATokenTogether) {
+    EXPECT_EQ(replaced({{"a", "`c"}, {"b", "`"}, {"c", "3"}}, "`a``b`"), "3");
+}
+
+TEST(TokenTable, EmptyValuesBringTheirNeighboursTogether) {
+    EXPECT_EQ(replaced({{"a", ""}, {"bc", "2"}}, "`b`a`c`"), "2");
+}
+
+TEST(TokenTable, NeighbouringTokensShareTheirBackquotes) {
+    // What stands between two tokens is a token for the replacement as well; the order decides.
+    EXPECT_EQ(replaced({{"x", "X"}, {"a", "1"}, {"b", "2"}}, "`a`x`b`"), "`aXb`");
+    EXPECT_EQ(replaced({{"a", "1"}, {"x", "X"}, {"b", "2"}}, "`a`x`b`"), "1x2");
+    EXPECT_EQ(replaced({{"a", "1"}, {"b", "2"}}, "`a`b`"), "1b`");
+    EXPECT_EQ(replaced({{"b", "2"}, {"a", "1"}}, "`a`b`"), "`a2");
+}
+
+TEST(TokenTable, TokenBehindAnUnknownOneMayStartAtItsClosingBackquote) {
+    EXPECT_EQ(replaced({{"a", "1"}}, "`unknown`a`"), "`unknown1");
+}
+
+TEST(TokenTable, TokenBehindAnOddBackquoteIsFound) {
+    EXPECT_EQ(replaced({{"a", "1"}}, "odd ` then `a`"), "odd ` then 1");
+}
+
+TEST(TokenTable, OccurrencesDoNotOverlap) {
+    EXPECT_EQ(replaced({{"a", "1"}}, "`a`a`"), "1a`");
+    EXPECT_EQ(replaced({{"a", "1"}}, "`a`a`a`"), "1a1");
+}
+
+TEST(TokenTable, ReplacementIsNotScannedAgainWithTheTextAroundIt) {
+    EXPECT_EQ(replaced({{"a", ""}}, "``a`a`"), "`a`");
+}
+
+TEST(TokenTable, FirstOfTwoEqualNamesWins) {
+    EXPECT_EQ(replaced({{"a", "1"}, {"a", "2"}}, "`a``a`"), "11");
+}
+
+TEST(TokenTable, SecondOfTwoEqualNamesSeesWhatTheFirstLeft) {
+    EXPECT_EQ(replaced({{"a", "`a`"}, {"a", "2"}}, "`a`"), "2");
+    EXPECT_EQ(replaced({{"a", ""}, {"a", "2"}}, "``a`a`"), "2");
+}
+
+TEST(TokenTable, EmptyNameMatchesTwoAdjacentBackquotes) {
+    EXPECT_EQ(replaced({{"", "E"}}, "a``b"), "aEb");
+    EXPECT_EQ(replaced({{"", "E"}}, "```"), "E`");
+    EXPECT_EQ(replaced({{"", "E"}}, "````"), "EE");
+}
+
+TEST(TokenTable, EmptyNameMatchesBetweenAdjacentTokens) {
+    EXPECT_EQ(replaced({{"", "E"}, {"a", "1"}, {"b", "2"}}, "`a``b`"), "`aEb`");
+    EXPECT_EQ(replaced({{"a", "1"}, {"", "E"}, {"b", "2"}}, "`a``b`"), "12");
+}
+
+TEST(TokenTable, EmptyNameMatchesWhatAValueLeavesTogether) {
+    EXPECT_EQ(replaced({{"a", ""}, {"", "E"}}, "``a``"), "E");
+}
+
+TEST(TokenTable, NameWithABackquoteMatchesTheWholePattern) {
+    EXPECT_EQ(replaced({{"a`b", "V"}}, "`a`b`"), "V");
+    EXPECT_EQ(replaced({{"a`b", "V"}, {"a", "1"}}, "`a`b`"), "V");
+    EXPECT_EQ(replaced({{"a", "1"}, {"a`b", "V"}}, "`a`b`"), "1b`");
+}
+
+TEST(TokenTable, NameThatIsABackquoteMatchesThree) {
+    EXPECT_EQ(replaced({{"`", "V"}}, "x```y"), "xVy");
+    EXPECT_EQ(replaced({{"`", "V"}}, "````"), "V`");
+    EXPECT_EQ(replaced({{"a`", "V"}}, "`a``"), "V");
+}
+
+TEST(TokenTable, NameThatBeginsLikeAnotherIsAnotherName) {
+    EXPECT_EQ(replaced({{"a", "1"}, {"ab", "2"}}, "`a``ab``abc`"), "12`abc`");
+}
+
+TEST(TokenTable, NonAsciiNamesAndValues) {
+    EXPECT_EQ(replaced({{"größe", "5 €"}, {"名前", "\U0001F600"}}, "é`größe`ü`名前`\U0001F600"),
+              "é5 €ü\U0001F600\U0001F600");
+}
+
+TEST(TokenTable, NamesAreNotNormalised) {
+    EXPECT_EQ(replaced({{"\u00e9", "1"}}, "`e\u0301`"), "`e\u0301`");
+}
+
+TEST(TokenTable, NamesMayHoldBlanksAndLineBreaks) {
+    EXPECT_EQ(replaced({{"a b", "1"}, {"c\nd", "2"}, {" ", "3"}}, "`a b``c\nd`` `"), "123");
+}
+
+TEST(TokenTable, TextIsNotLimited) {
+    const std::string filler(40000, 'x');
+    EXPECT_EQ(replaced({{"a", "1"}}, filler + "`a`"), filler + "1");
+}
+
+TEST(TokenTable, OneTableServesManyTexts) {
+    TokenTable table;
+    table.add("a", "`b");
+    table.add("b", "2");
+    std::string first = "`a``";
+    std::string second = "`b`";
+    std::string third;
+    table.replaceIn(first);
+    table.replaceIn(second);
+    table.replaceIn(third);
+    EXPECT_EQ(first, "2");
+    EXPECT_EQ(second, "2");
+    EXPECT_EQ(third, "");
+}
+
+TEST(TokenTable, TwoThousandEntriesKeepTheirOrder) {
+    TokenTable table;
+    for (int i = 0; i < 2000; ++i)
+        table.add("n" + std::to_string(i), "`n" + std::to_string(i + 1) + "`");
+    std::string up = "`n0`";
+    table.replaceIn(up);
+    EXPECT_EQ(up, "`n2000`");
+}
+
+}  // namespace
+}  // namespace tavisk
