@@ -36,6 +36,17 @@ bool hasBase64Type(const Node& element) {
     });
 }
 
+void setAttribute(Document& document, Node& element, std::string_view name, std::string_view text) {
+    const auto attributes = element.attributes();
+    const auto found = std::ranges::find(attributes, name, &Attribute::name);
+    if (found == attributes.end()) {
+        document.addAttribute(element, name, text);
+    } else {
+        document.setAttributeText(element, static_cast<std::size_t>(found - attributes.begin()),
+                                  text);
+    }
+}
+
 bool holdsText(const Node& node) {
     return node.type() == NodeType::text || node.type() == NodeType::cdata;
 }
@@ -53,8 +64,8 @@ std::string content(const Node& element) {
 
 void setBase64Value(Document& document, Node& element, std::string_view bytes) {
     if (!hasBase64Type(element)) {
-        document.addAttribute(element, "xmlns:dt", dataTypes);
-        document.addAttribute(element, "dt:dt", base64Type);
+        setAttribute(document, element, "xmlns:dt", dataTypes);
+        setAttribute(document, element, "dt:dt", base64Type);
     }
     document.setContent(element, encodeBase64(bytes));
 }
