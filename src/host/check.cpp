@@ -47,7 +47,7 @@ Finding rejection(const Message& message) {
 }
 
 Findings checkDocument(dom::Source source) {
-    dom::Source again = dom::Source::copy({source.bytes.get(), source.size});
+    dom::Source again = source;
     std::variant<HelpDocument, Message> opened = openHelpDocument(std::move(source));
     if (const Message* message = std::get_if<Message>(&opened)) return {rejection(*message)};
 

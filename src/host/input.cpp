@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "host/fileError.h"
+#include "host/mappedInput.h"
 #include "platform/text.h"
 
 namespace tavisk {
@@ -63,6 +64,7 @@ struct CloseFile {
 }
 
 dom::Source readFile(const std::string& path) {
+    if (std::optional<dom::Source> mapped = mapInput(path)) return std::move(*mapped);
     const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
     if (!file) raiseUnreadable(errno, path);
     // Straight into the buffer, without a copy in between.

@@ -3,11 +3,13 @@
 #include <vector>
 
 #include "host/commands.h"
+#include "host/mappedInput.h"
 #include "host/terminal.h"
 
 int main(int count, char** words) {
     try {
         tavisk::reportClosedPipes();
+        tavisk::reportShrunkInput();
         const std::vector<std::string> arguments(words + (count > 0 ? 1 : 0), words + count);
         const tavisk::Streams streams{std::cin, std::cout, std::cerr,
                                       tavisk::errorOutputIsTerminal()};

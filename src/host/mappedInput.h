@@ -1,0 +1,19 @@
+// Reading a file by mapping it: no copy, and no fresh memory for what is in the page cache already.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/dom.h"
+
+namespace tavisk {
+
+/// The file's bytes where they are in memory, or nothing where the file cannot be mapped and has to
+/// be read: it is no ordinary file, is empty, or leaves no room for the NUL behind it.
+std::optional<dom::Source> mapInput(const std::string& path);
+
+/// A mapped file that another program cuts short ends the process at the next look at it. From here
+/// on that is a line on standard error and exit code 4. For the command's own process only.
+void reportShrunkInput();
+
+}  // namespace tavisk
