@@ -10,6 +10,7 @@ namespace tavisk::reference {
 inline Kind kindOf(dom::NodeType type) {
     switch (type) {
         case dom::NodeType::document: return Kind::document;
+        case dom::NodeType::documentType: return Kind::documentType;
         case dom::NodeType::text: return Kind::text;
         case dom::NodeType::cdata: return Kind::cdata;
         case dom::NodeType::comment: return Kind::comment;

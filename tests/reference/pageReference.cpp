@@ -9,6 +9,7 @@ namespace tavisk::reference {
 namespace {
 
 constexpr double largestPage = 1024.0 * 1024.0 * 1024.0;
+constexpr double longestGap = 16.0 * 1024.0 * 1024.0;
 
 std::u16string asciiCase(std::u16string text, char16_t first, char16_t last, int step) {
     for (char16_t& c : text) {
@@ -23,7 +24,9 @@ std::u16string lower(const std::u16string& text) { return asciiCase(text, u'A', 
 void appendGaps(std::u16string& html, const PlainNode& node, const std::u16string& attribute) {
     const std::u16string row = u"<tr><td colspan=2>&nbsp;</td></tr>";
     const double n = std::floor(leadingNumberOf(attributeOf(&node, attribute, u"0")));
-    if (n * static_cast<double>(row.size()) > largestPage) throw Failure{ErrorNumber::outOfMemory};
+    const double length = n * static_cast<double>(row.size());
+    if (length > largestPage) throw Failure{ErrorNumber::outOfMemory};
+    if (length > longestGap) throw TooLong{};
     for (double i = 1; i <= n; ++i)
         html += row;
 }
@@ -206,24 +209,26 @@ void dumpImages(const PlainNode& document, const std::u16string& path, PlainFile
     for (const PlainNode* image : elementsNamed(document, u"image")) {
         const std::u16string file = attributeOf(image, u"name", u"default") + u"." +
                                     attributeOf(image, u"extension", u"bmp");
-        const std::optional<std::string> bytes = bytesOfBase64(contentOf(*image));
-        if (!bytes) throw Failure{ErrorNumber::typeMismatch};
+        // A name that leads out of the folder counts before what would be written under it.
         if (file.find(u'/') != std::u16string::npos || file == u"." || file == u"..") {
             throw Failure{ErrorNumber::badFileName};
         }
+        const std::optional<std::string> bytes = bytesOfBase64(contentOf(*image));
+        if (!bytes) throw Failure{ErrorNumber::typeMismatch};
         std::string& stored = files[utf8Of(path + file)];
         stored = *bytes + (stored.size() > bytes->size() ? stored.substr(bytes->size()) : "");
     }
 }
 
-PlainFiles preview(const PlainNode& document, const std::u16string& folder, bool evaluateFormula) {
+PlainFiles preview(const PlainNode& document, const std::vector<PlainFormula>& catalogue,
+                   const std::u16string& folder, bool evaluateFormula) {
     PlainFiles files;
     const PlainNode& cabinet = *elementsNamed(document, u"cabinet").front();
     const std::u16string imageTemp = folder + u"/temp_images/";
     std::u16string html;
     if (evaluateFormula) {
         dumpImages(document, imageTemp, files);
-        const PlainNode copy = nodeparse(cabinet, document, loadFormulas(document), imageTemp);
+        const PlainNode copy = nodeparse(cabinet, document, catalogue, imageTemp);
         html = layoutNode(copy, false).html;
     } else {
         html = layoutNode(cabinet, false).html;

@@ -35,6 +35,7 @@ std::string pageBytes(const std::u16string& html);
 void dumpImages(const PlainNode& document, const std::u16string& path, PlainFiles& files);
 
 /// What a preview of the document leaves in the component's folder.
-PlainFiles preview(const PlainNode& document, const std::u16string& folder, bool evaluateFormula);
+PlainFiles preview(const PlainNode& document, const std::vector<PlainFormula>& catalogue,
+                   const std::u16string& folder, bool evaluateFormula);
 
 }  // namespace tavisk::reference

@@ -6,6 +6,8 @@
 namespace tavisk::reference {
 namespace {
 
+constexpr std::size_t longestText = std::size_t{1} << 22;
+
 bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 bool isBlank(char16_t c) { return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r'; }
 
@@ -61,6 +63,7 @@ std::u16string replaceEvery(const std::u16string& text, const std::u16string& wh
         if (text.compare(i, what.size(), what) == 0) {
             result += with;
             i += what.size();
+            if (result.size() > longestText) throw TooLong{};
         } else {
             result += text[i];
             ++i;

@@ -12,6 +12,9 @@ struct Failure {
     ErrorNumber number;
 };
 
+/// A text or page has become longer than a comparison is worth.
+struct TooLong {};
+
 /// Every occurrence, from left to right, without overlap.
 std::u16string replaceEvery(const std::u16string& text, const std::u16string& what,
                             const std::u16string& with);

@@ -6,7 +6,7 @@
 
 namespace tavisk::reference {
 
-enum class Kind { document, element, text, cdata, comment, instruction };
+enum class Kind { document, documentType, element, text, cdata, comment, instruction };
 
 struct PlainAttribute {
     std::u16string name;  ///< with its prefix
@@ -19,7 +19,7 @@ struct PlainNode {
     Kind kind = Kind::element;
     std::u16string name;  ///< an element's name with its prefix, an instruction's target
     std::vector<PlainAttribute> attributes;
-    std::u16string data;  ///< of a text, CDATA section, comment or instruction
+    std::u16string data;  ///< of every kind but elements; a document type as written
     std::vector<PlainNode> children;
 
     bool operator==(const PlainNode&) const = default;

@@ -48,6 +48,7 @@ public:
     void write(const PlainNode& node, bool preserved) {
         switch (node.kind) {
             case Kind::document: writeChildren(node, preserved); break;
+            case Kind::documentType: out_ += utf8Of(node.data); break;
             case Kind::element: writeElement(node, preserved); break;
             case Kind::text: out_ += escaped(node.data, false); break;
             case Kind::cdata: out_ += "<![CDATA[" + utf8Of(node.data) + "]]>"; break;
