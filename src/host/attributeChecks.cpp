@@ -40,14 +40,14 @@ int errorOf(Reading reading) {
 std::optional<Problem> checkWhole(std::string_view text) {
     if (isWholeNumber(text)) return std::nullopt;
     return Problem{Severity::warning, "bad-number",
-                   quoted(text) + " is no whole number; it is read as " +
+                   inQuotes(text) + " is no whole number; it is read as " +
                        wholeText(leadingNumber(text)) + "."};
 }
 
 std::optional<Problem> check16Bits(std::string_view text) {
     if (errorOf([&] { floor16(leadingNumber(text)); }) == 0) return std::nullopt;
     return Problem{Severity::error, "number-out-of-range",
-                   quoted(text) + " lies outside -32768 to 32767; the page cannot be made."};
+                   inQuotes(text) + " lies outside -32768 to 32767; the page cannot be made."};
 }
 
 }  // namespace
@@ -55,7 +55,7 @@ std::optional<Problem> check16Bits(std::string_view text) {
 std::optional<Problem> checkFlag(std::string_view text) {
     if (text == "0" || text == "1") return std::nullopt;
     return Problem{Severity::warning, "bad-flag",
-                   quoted(text) + " is neither \"0\" nor \"1\"; only \"1\" counts as set."};
+                   inQuotes(text) + " is neither \"0\" nor \"1\"; only \"1\" counts as set."};
 }
 
 std::optional<Problem> checkColour(std::string_view text) {
@@ -64,7 +64,7 @@ std::optional<Problem> checkColour(std::string_view text) {
         return std::nullopt;
     }
     return Problem{Severity::warning, "bad-colour",
-                   quoted(text) + " is no colour; a colour is \"#\" and six hexadecimal digits."};
+                   inQuotes(text) + " is no colour; a colour is \"#\" and six hexadecimal digits."};
 }
 
 std::optional<Problem> checkFontSize(std::string_view text) {
@@ -78,7 +78,7 @@ std::optional<Problem> checkStyle(std::string_view text) {
     const int error = errorOf([&] { round32(strictNumber(text)); });
     if (error == static_cast<int>(ErrorNumber::typeMismatch)) {
         return Problem{Severity::error, "bad-number",
-                       quoted(text) + " is no number; the editor cannot show the node."};
+                       inQuotes(text) + " is no number; the editor cannot show the node."};
     }
     if (auto problem = check16Bits(text)) return problem;
     return checkWhole(text);
@@ -87,18 +87,18 @@ std::optional<Problem> checkStyle(std::string_view text) {
 std::optional<Problem> checkPixels(std::string_view text) {
     if (text.empty() || isDigits(text)) return std::nullopt;
     return Problem{Severity::warning, "bad-number",
-                   quoted(text) + " is no whole number of pixels."};
+                   inQuotes(text) + " is no whole number of pixels."};
 }
 
 std::optional<Problem> checkOverlaySize(std::string_view text) {
     const int error = errorOf([&] { round16(strictNumber(text)); });
     if (error == static_cast<int>(ErrorNumber::typeMismatch)) {
         return Problem{Severity::error, "bad-number",
-                       quoted(text) + " is no number; overlays cannot be measured by it."};
+                       inQuotes(text) + " is no number; overlays cannot be measured by it."};
     }
     if (error != 0) {
         return Problem{Severity::error, "number-out-of-range",
-                       quoted(text) + " lies outside -32768 to 32767; overlays cannot be made."};
+                       inQuotes(text) + " lies outside -32768 to 32767; overlays cannot be made."};
     }
     return checkPixels(text);
 }

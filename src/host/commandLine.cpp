@@ -43,7 +43,7 @@ constexpr std::array options{
     Option{"--json", Action::check, &CommandLine::json},
 };
 
-std::string quoted(std::string_view word) { return '"' + std::string(word) + '"'; }
+std::string inQuotes(std::string_view word) { return '"' + std::string(word) + '"'; }
 
 CommandLine helpOn(std::optional<Action> topic) {
     CommandLine line;
@@ -85,7 +85,7 @@ private:
     }
 
     void operand(const std::string& word) {
-        if (hasFile_) fail("one FILE only, but " + quoted(word) + " is a second one");
+        if (hasFile_) fail("one FILE only, but " + inQuotes(word) + " is a second one");
         if (word.empty()) fail("the name of FILE is empty");
         hasFile_ = true;
         line_.file = word;
@@ -97,27 +97,27 @@ private:
         const auto found = std::ranges::find_if(options, [&](const Option& option) {
             return option.name == name && option.action == command_.action;
         });
-        if (found == options.end()) fail("unknown option " + quoted(name));
+        if (found == options.end()) fail("unknown option " + inQuotes(name));
 
         const bool attached = equals != std::string_view::npos;
         if (const Switch* target = std::get_if<Switch>(&found->target)) {
-            if (attached) fail(quoted(name) + " takes no value");
+            if (attached) fail(inQuotes(name) + " takes no value");
             line_.** target = true;
             return;
         }
         std::optional<std::string>& target = line_.*std::get<Value>(found->target);
-        if (target) fail(quoted(name) + " is given twice");
+        if (target) fail(inQuotes(name) + " is given twice");
         target = attached ? std::string(word.substr(equals + 1)) : followingValue(name);
-        if (target->empty()) fail(quoted(name) + " needs a value");
+        if (target->empty()) fail(inQuotes(name) + " needs a value");
     }
 
     std::string followingValue(std::string_view name) {
-        if (at_ == words_.size()) fail(quoted(name) + " needs a value");
+        if (at_ == words_.size()) fail(inQuotes(name) + " needs a value");
         const std::string& value = words_[at_++];
         // More likely a forgotten value than a folder or key of that name.
         if (value.starts_with('-') && value != "-") {
             const bool isLong = name.starts_with("--");
-            fail(quoted(name) + " needs a value, but " + quoted(value) + " follows" +
+            fail(inQuotes(name) + " needs a value, but " + inQuotes(value) + " follows" +
                  (isLong ? "; if it is the value, write " + std::string(name) + "=" + value : ""));
         }
         return value;
@@ -134,7 +134,8 @@ CommandLine parseHelp(std::span<const std::string> words) {
     if (words.empty()) return helpOn(std::nullopt);
     const std::optional<Action> topic = commandNamed(words.front());
     if (!topic || words.size() > 1) {
-        throw UsageError{"tavisk: no help on " + quoted(words.back()) + " (try \"tavisk --help\")"};
+        throw UsageError{"tavisk: no help on " + inQuotes(words.back()) +
+                         " (try \"tavisk --help\")"};
     }
     return helpOn(topic);
 }
@@ -152,7 +153,7 @@ CommandLine parse(std::span<const std::string> words) {
     if (asksForHelp(first) || first == "help") return parseHelp(rest);
     const auto command = std::ranges::find(commands, first, &Command::name);
     if (command == commands.end()) {
-        throw UsageError{"tavisk: unknown command " + quoted(first) + " (try \"tavisk --help\")"};
+        throw UsageError{"tavisk: unknown command " + inQuotes(first) + " (try \"tavisk --help\")"};
     }
     return CommandParser(*command, rest).parse();
 }

@@ -2,7 +2,7 @@
 
 namespace tavisk {
 
-std::string quoted(std::string_view utf8) {
+std::string inQuotes(std::string_view utf8) {
     constexpr std::size_t longest = 80;
     std::size_t end = utf8.size();
     if (end > longest) {

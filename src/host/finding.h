@@ -27,6 +27,6 @@ struct Finding {
 using Findings = std::vector<Finding>;
 
 /// A text of the document inside a message: in quotation marks, cut when it is long.
-std::string quoted(std::string_view utf8);
+std::string inQuotes(std::string_view utf8);
 
 }  // namespace tavisk

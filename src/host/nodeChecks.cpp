@@ -106,7 +106,7 @@ private:
         const std::string_view name = node_->nodeName();
         if (name == "formula" || name == "image" || name == "location") {
             add({Severity::warning, "misplaced-element",
-                 "An element named " + quoted(name) +
+                 "An element named " + inQuotes(name) +
                      " inside the cabinet is shown as a help node, too; it belongs beside the "
                      "cabinet."});
         }

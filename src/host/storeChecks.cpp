@@ -60,7 +60,7 @@ private:
     std::string locator() const {
         const bool named = element_.attributes().size() <= maxCount && !read("name", "").empty();
         return std::string(element_.nodeName()) + ' ' +
-               (named ? quoted(read("name", "")) : '#' + std::to_string(number_));
+               (named ? inQuotes(read("name", "")) : '#' + std::to_string(number_));
     }
 
     const dom::Node& element_;
@@ -101,19 +101,18 @@ public:
 
 private:
     void checkName(StoredElement& picture, std::string_view name) {
+        const std::string file = fileName(picture);
+        const bool firstFile = fileNames_.insert(file).second;
+        const bool firstName = pictureNames_.insert(name).second;
+        picture.checkBackquote(name);
         if (name.empty()) {
             picture.add("name", {Severity::warning, "picture-without-name",
                                  "The picture has no name; texts cannot refer to it."});
-            return;
-        }
-        picture.checkBackquote(name);
-        const bool first = pictureNames_.insert(name).second;
-        const std::string file = fileName(picture);
-        if (!fileNames_.insert(file).second) {
+        } else if (!firstFile) {
             picture.add("name", {Severity::warning, "picture-file-clash",
-                                 "An earlier picture has the same file, " + quoted(file) +
+                                 "An earlier picture has the same file, " + inQuotes(file) +
                                      "; this one overwrites it."});
-        } else if (!first) {
+        } else if (!firstName) {
             picture.add("name", {Severity::warning, "duplicate-picture",
                                  "An earlier picture has the same name; texts show that one."});
         } else if (!names_.isUsed(name) && name != generatedPictureName) {
@@ -126,7 +125,7 @@ private:
         const std::string file = fileName(picture);
         if (file.find('/') != std::string::npos || file == "." || file == "..") {
             picture.add("name", {Severity::error, "picture-name-unsafe",
-                                 "The file name " + quoted(file) +
+                                 "The file name " + inQuotes(file) +
                                      " leads out of the picture folder; nothing is written."});
         } else if (file.size() > longestFileName) {
             picture.add("name", {Severity::error, "picture-name-unsafe",
@@ -134,7 +133,7 @@ private:
                                      " bytes; the file cannot be written."});
         } else if (file.find_first_of("\\:*?\"<>|'#%") != std::string::npos) {
             picture.add("name", {Severity::warning, "picture-name-special",
-                                 "The file name " + quoted(file) +
+                                 "The file name " + inQuotes(file) +
                                      " has one of \\ : * ? \" < > | ' # %, which file systems "
                                      "refuse or links in the page do not survive."});
         }

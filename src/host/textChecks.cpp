@@ -32,7 +32,7 @@ std::optional<Problem> checkFormulaToken(std::string_view name, const TokenNames
     const bool known =
         broken ? names.knowsFormula(replaceAll(name, "\n", "<br>")) : names.knowsFormula(name);
     if (known) return std::nullopt;
-    std::string message = "No formula is named " + quoted(name) + ".";
+    std::string message = "No formula is named " + inQuotes(name) + ".";
     if (name.empty()) message = "Two backquotes with nothing in between name no formula.";
     if (broken) message = "From this backquote to the next there is a line break, and no formula.";
     return Problem{Severity::error, "unknown-formula", std::move(message)};
@@ -43,14 +43,14 @@ std::optional<Problem> checkPictureToken(std::string_view body, TokenKind kind, 
     if (kind != TokenKind::externalImage) names.usePicture(name);
     // Formulas come first, whatever their names look like.
     if (names.hasFormula(body)) {
-        return Problem{
-            Severity::warning, "formula-hides-picture",
-            "A formula is named " + quoted(body) + "; its value is shown in place of the picture."};
+        return Problem{Severity::warning, "formula-hides-picture",
+                       "A formula is named " + inQuotes(body) +
+                           "; its value is shown in place of the picture."};
     }
     if (kind == TokenKind::externalImage || names.hasPicture(name)) return std::nullopt;
     const bool overlay = kind == TokenKind::overlay;
     return Problem{Severity::error, overlay ? "unknown-overlay" : "unknown-picture",
-                   "No picture is named " + quoted(name) + "."};
+                   "No picture is named " + inQuotes(name) + "."};
 }
 
 std::size_t characterLength(char first) {
@@ -107,7 +107,7 @@ std::optional<Problem> checkCharacters(std::string_view text, bool hidden) {
     }
     const std::string_view character = text.substr(first, characterLength(text[first]));
     std::string message =
-        "The page cannot hold " + quoted(character) + " (" + codePointName(character) + ")";
+        "The page cannot hold " + inQuotes(character) + " (" + codePointName(character) + ")";
     if (count > 1) message += " and " + std::to_string(count - 1) + " more in this text";
     message += hidden ? "; it is hidden for now." : ".";
     return Problem{hidden ? Severity::warning : Severity::error, "outside-code-page",

@@ -1,0 +1,74 @@
+#include "host/checkReport.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace tavisk {
+namespace {
+
+const Finding inText{Severity::error,
+                     "unknown-formula",
+                     "cabinet=>Dimensions",
+                     "value",
+                     12,
+                     "No formula is named \"Rate\"."};
+const Finding ofNode{Severity::warning, "name-clash", "cabinet=>A", "", std::nullopt, "Twice."};
+const Finding ofDocument{Severity::error, "document-rejected", "", "", std::nullopt, "No cabinet."};
+
+TEST(TextReport, NoFindings) { EXPECT_EQ(textReport("a.xml", {}), "no findings\n"); }
+
+TEST(TextReport, OneLineForEachFindingAndTheSum) {
+    EXPECT_EQ(textReport("a.xml", {inText}),
+              "a.xml: error: cabinet=>Dimensions: value, position 12: No formula is named "
+              "\"Rate\". [unknown-formula]\n1 finding\n");
+    EXPECT_EQ(textReport("a.xml", {ofNode, ofDocument}),
+              "a.xml: warning: cabinet=>A: Twice. [name-clash]\n"
+              "a.xml: error: No cabinet. [document-rejected]\n2 findings\n");
+}
+
+TEST(TextReport, AttributeWithoutPosition) {
+    EXPECT_EQ(
+        textReport("a.xml", {{Severity::warning, "bad-flag", "k", "style", std::nullopt, "Odd."}}),
+        "a.xml: warning: k: style: Odd. [bad-flag]\n1 finding\n");
+}
+
+TEST(TextReport, NothingOfTheDocumentControlsTheTerminal) {
+    EXPECT_EQ(textReport("a\nb", {{Severity::error, "c", "k\r\x7F", "", std::nullopt,
+                                   "\x1B[2J\xC2\x9Bz\xC2\xA0"}}),
+              "a b: error: k  :  [2J z\xC2\xA0 [c]\n1 finding\n");
+}
+
+TEST(JsonReport, NoFindings) {
+    EXPECT_EQ(jsonReport("a.xml", {}), "{\"file\": \"a.xml\", \"findings\": []}\n");
+}
+
+TEST(JsonReport, FieldsInAFixedOrder) {
+    EXPECT_EQ(jsonReport("a.xml", {inText, ofDocument}),
+              "{\"file\": \"a.xml\", \"findings\": [\n"
+              "{\"severity\": \"error\", \"code\": \"unknown-formula\", \"key\": "
+              "\"cabinet=>Dimensions\", \"attribute\": \"value\", \"position\": 12, \"message\": "
+              "\"No formula is named \\\"Rate\\\".\"},\n"
+              "{\"severity\": \"error\", \"code\": \"document-rejected\", \"key\": null, "
+              "\"attribute\": null, \"position\": null, \"message\": \"No cabinet.\"}\n"
+              "]}\n");
+}
+
+TEST(JsonReport, EscapesWhatJsonCannotHold) {
+    EXPECT_EQ(jsonReport("\"\\\n\r\t\x01\x1F/\xC3\xA4", {}),
+              "{\"file\": \"\\\"\\\\\\n\\r\\t\\u0001\\u001f/\xC3\xA4\", \"findings\": []}\n");
+}
+
+TEST(JsonReport, BytesThatAreNoTextBecomeTheReplacementCharacter) {
+    EXPECT_EQ(jsonReport("a\xFF\xC3(", {}),
+              "{\"file\": \"a\xEF\xBF\xBD\xEF\xBF\xBD(\", \"findings\": []}\n");
+}
+
+TEST(InQuotes, CutsLongTextsBetweenCharacters) {
+    EXPECT_EQ(inQuotes("abc"), "\"abc\"");
+    EXPECT_EQ(inQuotes(std::string(80, 'x')), '"' + std::string(80, 'x') + '"');
+    EXPECT_EQ(inQuotes(std::string(81, 'x')), '"' + std::string(80, 'x') + "...\"");
+    EXPECT_EQ(inQuotes(std::string(79, 'x') + "\xC3\xA4"), '"' + std::string(79, 'x') + "...\"");
+}
+
+}  // namespace
+}  // namespace tavisk

@@ -1,0 +1,158 @@
+#include "host/commandLine.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace tavisk {
+namespace {
+
+using Words = std::vector<std::string>;
+
+CommandLine accepted(const Words& words) {
+    const auto parsed = parseCommandLine(words);
+    if (const auto* error = std::get_if<UsageError>(&parsed)) {
+        ADD_FAILURE() << error->hint;
+        return {};
+    }
+    return std::get<CommandLine>(parsed);
+}
+
+std::string refused(const Words& words) {
+    const auto parsed = parseCommandLine(words);
+    const auto* error = std::get_if<UsageError>(&parsed);
+    return error == nullptr ? "accepted" : error->hint;
+}
+
+TEST(CommandLine, RenderTakesFileFolderAndEvaluate) {
+    const CommandLine line = accepted({"render", "a.xml", "--folder", "out", "--evaluate"});
+    EXPECT_EQ(line.action, Action::render);
+    EXPECT_EQ(line.file, "a.xml");
+    EXPECT_EQ(line.folder, "out");
+    EXPECT_TRUE(line.evaluate);
+}
+
+TEST(CommandLine, OptionsMayStandBeforeTheFile) {
+    const CommandLine line = accepted({"render", "--evaluate", "--folder", "out", "a.xml"});
+    EXPECT_EQ(line.file, "a.xml");
+    EXPECT_EQ(line.folder, "out");
+    EXPECT_TRUE(line.evaluate);
+}
+
+TEST(CommandLine, ValuesMayBeAttached) {
+    const CommandLine line = accepted({"save", "a.xml", "--refresh=a=>b", "--folder=x y"});
+    EXPECT_EQ(line.refreshKey, "a=>b");
+    EXPECT_EQ(line.folder, "x y");
+}
+
+TEST(CommandLine, SaveTakesItsOptions) {
+    const CommandLine line = accepted({"save", "-o", "b.xml", "a.xml"});
+    EXPECT_EQ(line.action, Action::save);
+    EXPECT_EQ(line.output, "b.xml");
+    EXPECT_FALSE(line.folder);
+    EXPECT_FALSE(line.refreshKey);
+}
+
+TEST(CommandLine, CheckTakesJson) {
+    EXPECT_TRUE(accepted({"check", "a.xml", "--json"}).json);
+    EXPECT_FALSE(accepted({"check", "a.xml"}).json);
+}
+
+TEST(CommandLine, HyphenIsAFile) {
+    EXPECT_EQ(accepted({"check", "-"}).file, "-");
+    EXPECT_EQ(accepted({"save", "a.xml", "-o", "-"}).output, "-");
+}
+
+TEST(CommandLine, EverythingBehindTwoHyphensIsFile) {
+    EXPECT_EQ(accepted({"check", "--json", "--", "--json"}).file, "--json");
+    EXPECT_EQ(accepted({"check", "--", "--"}).file, "--");
+}
+
+TEST(CommandLine, HelpOfTheToolAndOfACommand) {
+    for (const Words& words : {Words{"--help"}, Words{"-h"}, Words{"help"}}) {
+        EXPECT_EQ(accepted(words).action, Action::help);
+        EXPECT_FALSE(accepted(words).topic);
+    }
+    for (const Words& words : {Words{"help", "save"}, Words{"--help", "save"},
+                               Words{"save", "--help"}, Words{"save", "a.xml", "-h"}}) {
+        EXPECT_EQ(accepted(words).action, Action::help);
+        EXPECT_EQ(accepted(words).topic, Action::save);
+    }
+}
+
+TEST(CommandLine, HelpIsGivenForAnIncompleteCommandLine) {
+    EXPECT_EQ(accepted({"render", "--help"}).topic, Action::render);
+}
+
+TEST(CommandLine, Version) { EXPECT_EQ(accepted({"--version"}).action, Action::version); }
+
+TEST(CommandLine, RefusesNothingAtAll) {
+    EXPECT_EQ(refused({}), "tavisk: no command given (try \"tavisk --help\")");
+}
+
+TEST(CommandLine, RefusesAnUnknownCommand) {
+    EXPECT_EQ(refused({"rendre", "a.xml"}),
+              "tavisk: unknown command \"rendre\" (try \"tavisk --help\")");
+}
+
+TEST(CommandLine, RefusesAnUnknownOption) {
+    EXPECT_EQ(refused({"render", "a.xml", "--folder", "out", "--evalute"}),
+              "tavisk render: unknown option \"--evalute\" (try \"tavisk render --help\")");
+    EXPECT_EQ(refused({"check", "a.xml", "-j"}),
+              "tavisk check: unknown option \"-j\" (try \"tavisk check --help\")");
+}
+
+TEST(CommandLine, RefusesAnOptionOfAnotherCommand) {
+    EXPECT_EQ(refused({"save", "a.xml", "--evaluate"}),
+              "tavisk save: unknown option \"--evaluate\" (try \"tavisk save --help\")");
+}
+
+TEST(CommandLine, RefusesRenderWithoutFolder) {
+    EXPECT_EQ(refused({"render", "a.xml"}),
+              "tavisk render: --folder DIR is missing (try \"tavisk render --help\")");
+}
+
+TEST(CommandLine, RefusesAMissingOrSecondFile) {
+    EXPECT_EQ(refused({"check"}), "tavisk check: no FILE given (try \"tavisk check --help\")");
+    EXPECT_EQ(refused({"check", "a", "b"}),
+              "tavisk check: one FILE only, but \"b\" is a second one (try \"tavisk check "
+              "--help\")");
+    EXPECT_EQ(refused({"check", ""}),
+              "tavisk check: the name of FILE is empty (try \"tavisk check --help\")");
+}
+
+TEST(CommandLine, RefusesAMissingValue) {
+    EXPECT_EQ(refused({"save", "a.xml", "-o"}),
+              "tavisk save: \"-o\" needs a value (try \"tavisk save --help\")");
+    EXPECT_EQ(refused({"save", "a.xml", "--folder="}),
+              "tavisk save: \"--folder\" needs a value (try \"tavisk save --help\")");
+}
+
+TEST(CommandLine, RefusesAnOptionInPlaceOfAValue) {
+    EXPECT_EQ(refused({"render", "a.xml", "--folder", "--evaluate"}),
+              "tavisk render: \"--folder\" needs a value, but \"--evaluate\" follows; if it is the "
+              "value, write --folder=--evaluate (try \"tavisk render --help\")");
+    EXPECT_EQ(accepted({"render", "a.xml", "--folder=--evaluate"}).folder, "--evaluate");
+}
+
+TEST(CommandLine, RefusesAValueOfASwitch) {
+    EXPECT_EQ(refused({"check", "a.xml", "--json=yes"}),
+              "tavisk check: \"--json\" takes no value (try \"tavisk check --help\")");
+}
+
+TEST(CommandLine, RefusesAValueGivenTwice) {
+    EXPECT_EQ(refused({"save", "a.xml", "-o", "b", "-o", "c"}),
+              "tavisk save: \"-o\" is given twice (try \"tavisk save --help\")");
+}
+
+TEST(CommandLine, RefusesHelpOnWhatIsNoCommand) {
+    EXPECT_EQ(refused({"help", "edit"}), "tavisk: no help on \"edit\" (try \"tavisk --help\")");
+    EXPECT_EQ(refused({"help", "save", "x"}), "tavisk: no help on \"x\" (try \"tavisk --help\")");
+}
+
+TEST(CommandLine, RefusesWordsBehindVersion) {
+    EXPECT_EQ(refused({"--version", "x"}), "tavisk: nothing may follow \"--version\"");
+}
+
+}  // namespace
+}  // namespace tavisk

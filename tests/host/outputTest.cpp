@@ -1,0 +1,103 @@
+#include "host/output.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <streambuf>
+#include <string>
+
+#include "host/commandRun.h"
+#include "host/fileError.h"
+#include "support/errors.h"
+#include "support/memoryFiles.h"
+
+namespace tavisk {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Takes nothing.
+class ClosedBuffer : public std::streambuf {};
+
+TEST(Output, WritesBytesAsTheyAre) {
+    std::ostringstream out;
+    writeStandardOutput(out, "a\r\n\xC3\xA4");
+    EXPECT_EQ(out.str(), "a\r\n\xC3\xA4");
+}
+
+TEST(Output, AStreamThatTakesNothingIsError57) {
+    ClosedBuffer buffer;
+    std::ostream out(&buffer);
+    try {
+        writeStandardOutput(out, "a");
+        FAIL();
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.number(), 57);
+        EXPECT_EQ(error.file(), "standard output");
+    }
+}
+
+TEST(Output, ReplacesTheFile) {
+    const test::TemporaryFolder folder;
+    folder.write("a.xml", "older and longer");
+    DiskFiles files;
+    writeOutputFile(files, folder.path("a.xml"), "new");
+    EXPECT_EQ(folder.read("a.xml"), "new");
+}
+
+TEST(Output, ReplacesTheFileBehindALink) {
+    const test::TemporaryFolder folder;
+    folder.write("real.xml", "old");
+    fs::create_symlink("real.xml", folder.path("link.xml"));
+    DiskFiles files;
+    writeOutputFile(files, folder.path("link.xml"), "new");
+    EXPECT_EQ(folder.read("real.xml"), "new");
+    EXPECT_TRUE(fs::is_symlink(folder.path("link.xml")));
+}
+
+TEST(Output, WritesIntoADeviceAndLeavesItOne) {
+    DiskFiles files;
+    EXPECT_EQ(test::errorOf([&] { writeOutputFile(files, "/dev/null", "new"); }), 0);
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(Output, FolderFromTheRootStaysAsItIs) { EXPECT_EQ(absoluteFolder("/a/b"), "/a/b"); }
+
+TEST(Output, FolderFromHereGetsTheWorkingFolderInFront) {
+    EXPECT_EQ(absoluteFolder("a/b"), (fs::current_path() / "a/b").string());
+    EXPECT_EQ(absoluteFolder("."), fs::current_path().string());
+}
+
+TEST(Output, FolderHasNoSeparatorAtItsEndAndNoIdleSteps) {
+    EXPECT_EQ(absoluteFolder("/a/b/"), "/a/b");
+    EXPECT_EQ(absoluteFolder("/a//./b/."), "/a/b");
+}
+
+TEST(Output, FolderKeepsStepsUpwards) { EXPECT_EQ(absoluteFolder("/a/../b"), "/a/../b"); }
+
+TEST(Output, FolderKeepsLinks) {
+    const test::TemporaryFolder folder;
+    fs::create_directory(folder.path("real"));
+    fs::create_directory_symlink("real", folder.path("link"));
+    EXPECT_EQ(absoluteFolder(folder.path("link")), folder.path("link"));
+}
+
+TEST(Output, RootFolderHasNoSeparatorAtItsEnd) { EXPECT_EQ(absoluteFolder("/"), "/."); }
+
+TEST(Output, CreatesEveryMissingLevel) {
+    test::MemoryFiles files;
+    files.addFolder("/a");
+    createFolders(files, "/a/b/c/d");
+    EXPECT_TRUE(files.folderExists("/a/b/c/d"));
+}
+
+TEST(Output, AnExistingFolderIsLeftAlone) {
+    test::MemoryFiles files;
+    files.addFolder("/a/b");
+    files.fail(test::MemoryFiles::Operation::createFolder, ErrorNumber::permissionDenied);
+    EXPECT_EQ(test::errorOf([&] { createFolders(files, "/a/b"); }), 0);
+    EXPECT_EQ(test::errorOf([&] { createFolders(files, "/a/c"); }), 70);
+}
+
+}  // namespace
+}  // namespace tavisk
