@@ -1,8 +1,10 @@
 // Attribute access with defaults, and the rule for names of help nodes.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <string_view>
 
 #include "platform/dom.h"
@@ -21,27 +23,26 @@ struct AttributeDefault {
     std::string_view defaultValue;
 };
 
-/// `GetAttributeValue` for several attributes in one walk, in the order asked.
-template <std::size_t n>
-std::array<std::string_view, n> GetAttributeValues(const dom::Node& node,
+/// `GetAttributeValue` for several attributes in one walk, in the order asked. `attributes` are a
+/// node's, or others that answer to `baseName` and `text`.
+template <class Attributes, std::size_t n>
+std::array<std::string_view, n> GetAttributeValues(const Attributes& attributes,
                                                    const std::array<AttributeDefault, n>& wanted) {
     std::array<std::string_view, n> values;
-    const auto attributes = node.attributes();
-    if (attributes.size() > maxCount) {
-        for (std::size_t i = 0; i < n; ++i) {
-            values[i] = GetAttributeValue(&node, wanted[i].name, wanted[i].defaultValue);
-        }
-        return values;
-    }
+    std::array<bool, n> found{};
     for (std::size_t i = 0; i < n; ++i)
         values[i] = wanted[i].defaultValue;
     // Backwards, so that the first of several attributes with one local name stays.
-    for (std::size_t at = attributes.size(); at-- > 0;) {
+    for (std::size_t at = std::min(attributes.size(), maxCount + 1); at-- > 0;) {
         const std::string_view name = attributes[at].baseName();
         for (std::size_t i = 0; i < n; ++i) {
-            if (name == wanted[i].name) values[i] = attributes[at].text();
+            if (name != wanted[i].name) continue;
+            values[i] = attributes[at].text();
+            found[i] = true;
         }
     }
+    // Looking further for one that is missing takes the walk out of its range.
+    if (!std::ranges::all_of(found, std::identity())) checkedCount(attributes.size());
     return values;
 }
 

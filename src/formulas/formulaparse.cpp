@@ -16,7 +16,7 @@ FormulaParser::FormulaParser(const FormulaCatalogue& catalogue) : empty_(catalog
         table_.add(entry.name, entry.value);
 }
 
-void FormulaParser::parse(std::string& text) const {
+void FormulaParser::parse(std::string& text) {
     if (empty_) return;
     table_.replaceIn(text);
     rewriteTokens(text, isFormula, unknown);

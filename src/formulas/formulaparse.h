@@ -16,7 +16,7 @@ public:
 
     /// Rewrites `text` in place. Error 6 when the text with its values is over 32,767 UTF-16 code
     /// units; `text` is unspecified then.
-    void parse(std::string& text) const;
+    void parse(std::string& text);
 
 private:
     bool empty_;

@@ -1,12 +1,11 @@
 // Many exact token replacements in one pass over a text.
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace tavisk {
@@ -18,38 +17,68 @@ namespace tavisk {
 class TokenTable {
 public:
     void add(std::string_view body, std::string replacement);
-    void replaceIn(std::string& text) const;
+
+    /// Uses working memory of the table: one text at a time.
+    void replaceIn(std::string& text);
 
 private:
-    using EntryIndex = std::uint32_t;
-    static constexpr EntryIndex none = ~EntryIndex{0};
-
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const noexcept {
-            return std::hash<std::string_view>()(text);
-        }
-    };
-
-    /// Entries of one body, in their order.
-    using ByBody = std::unordered_map<std::string, std::vector<EntryIndex>, Hash, std::equal_to<>>;
+    using Index = std::uint32_t;
+    static constexpr Index none = ~Index{0};
 
     struct Entry {
-        std::string_view body;  ///< the key in `byBody_`
+        std::string body;
         std::string replacement;
+        Index nextOfBody = none;  ///< the next entry of the same body
+        Index lastOfBody = none;  ///< kept in the first entry of a body
         bool addsBackquotes = false;
     };
+    struct Slot {
+        std::size_t hash = 0;
+        Index entry = none;  ///< the first of its body
+    };
 
-    friend class TokenReplacement;
+    /// A backquote of the text at work. A token is a pair of neighbours with an entry's body
+    /// between them; replacing it takes both out, so the backquotes around become neighbours, with
+    /// a new body between them that may be the token of a later entry.
+    struct Quote {
+        Index position = 0;
+        Index previous = none;  ///< neighbours that are still in the text
+        Index next = none;
+        Index gap = 0;         ///< bytes up to `next`
+        Index merged = none;   ///< these bytes in `merged_`, where they are not as in the text
+        Index entry = none;    ///< what replaces the token that opens here
+        Index partner = none;  ///< where that token closes
+        bool live = true;
+    };
+    struct Candidate {
+        Index entry;
+        Index open;
+        Index close;
+        auto operator<=>(const Candidate&) const = default;
+    };
 
-    /// The first entry of this body that is not before `from`, or `none`.
-    EntryIndex find(std::string_view body, EntryIndex from) const;
+    Slot& slotOf(std::string_view body, std::size_t hash);
+    void growSlots();
+    Index find(std::string_view body, Index from);
+
+    bool planReplacements(std::string_view text);
+    void collectQuotes(std::string_view text);
+    std::string_view bodyOf(const Quote& quote, std::string_view text) const;
+    void offer(Index open, Index fromEntry, std::string_view text);
+    void take(const Candidate& token, std::string_view text);
+    void assemble(std::string& text);
     void replaceEntryByEntry(std::string& text) const;
 
     std::vector<Entry> entries_;
-    ByBody byBody_;
+    std::vector<Slot> slots_;
     std::vector<bool> lengths_;  ///< of the bodies: most other texts are told apart by theirs
     bool bodiesHoldBackquotes_ = false;
+
+    std::vector<Quote> quotes_;
+    std::vector<std::string> merged_;
+    std::vector<Candidate> waiting_;  ///< a heap, the least first
+    std::string assembled_;
+    bool changed_ = false;
 };
 
 }  // namespace tavisk

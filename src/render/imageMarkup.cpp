@@ -65,7 +65,7 @@ ImageParser::ImageParser(const dom::Document& document, std::string_view imagefo
     }
 }
 
-void ImageParser::parse(std::string& text) const {
+void ImageParser::parse(std::string& text) {
     table_.replaceIn(text);
     rewriteTokens(text, isPicture, leftoverPicture);
 }

@@ -17,7 +17,7 @@ public:
 
     /// Rewrites `text` in place; error 6 when it is over 32,767 UTF-16 code units after the known
     /// pictures are in.
-    void parse(std::string& text) const;
+    void parse(std::string& text);
 
 private:
     TokenTable table_;
@@ -29,7 +29,7 @@ class OverlayParser {
 public:
     OverlayParser(const dom::Document& document, std::string_view imagefolder, double scale);
 
-    void parse(std::string& text) const { table_.replaceIn(text); }
+    void parse(std::string& text) { table_.replaceIn(text); }
 
 private:
     TokenTable table_;

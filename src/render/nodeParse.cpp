@@ -24,23 +24,31 @@ NodeParser::NodeParser(dom::Document& document, const FormulaCatalogue& catalogu
 
 dom::OwnedNode NodeParser::nodeparse(const dom::Node* xmlnode) {
     if (xmlnode == nullptr) return {};
-    dom::OwnedNode copy = parseAlone(*xmlnode);
+    dom::OwnedNode copy = document_.clone(*xmlnode, false);
+    std::size_t index = 0;
+    for (const ShownAttribute& attribute : expandAttributes(*xmlnode)) {
+        document_.setAttributeText(*copy, index++, attribute.text());
+    }
     for (const dom::Node* child = xmlnode->firstChild(); child != nullptr; child = child->next()) {
         document_.append(*copy, nodeparse(child));
     }
     return copy;
 }
 
-dom::OwnedNode NodeParser::parseAlone(const dom::Node& xmlnode) {
-    dom::OwnedNode copy = document_.clone(xmlnode, false);
-    for (std::size_t i = 0; i < copy->attributes().size(); ++i) {
-        const std::string_view text = copy->attributes()[i].text();
-        if (overlays_ && hasNothingToExpand(text)) continue;
-        text_.assign(text);
-        expand(text_);
-        document_.setAttributeText(*copy, i, text_);
+std::span<const ShownAttribute> NodeParser::expandAttributes(const dom::Node& xmlnode) {
+    const auto attributes = xmlnode.attributes();
+    if (texts_.size() < attributes.size()) texts_.resize(attributes.size());
+    shown_.clear();
+    for (std::size_t i = 0; i < attributes.size(); ++i) {
+        std::string_view text = attributes[i].text();
+        if (!overlays_ || !hasNothingToExpand(text)) {
+            texts_[i].assign(text);
+            expand(texts_[i]);
+            text = texts_[i];
+        }
+        shown_.emplace_back(attributes[i].baseName(), text);
     }
-    return copy;
+    return shown_;
 }
 
 void NodeParser::expand(std::string& text) {

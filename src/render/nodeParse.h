@@ -2,13 +2,15 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include "formulas/formulaCatalogue.h"
 #include "formulas/formulaparse.h"
 #include "platform/dom.h"
 #include "render/imageMarkup.h"
+#include "render/nodeRow.h"
 
 namespace tavisk {
 
@@ -22,8 +24,8 @@ public:
     /// overlay tokens are expanded in every attribute. Null gives an empty result.
     dom::OwnedNode nodeparse(const dom::Node* xmlnode);
 
-    /// The same without what is below the node.
-    dom::OwnedNode parseAlone(const dom::Node& xmlnode);
+    /// What `nodeparse` puts into the attributes of the node alone. Holds until the next call.
+    std::span<const ShownAttribute> expandAttributes(const dom::Node& xmlnode);
 
 private:
     void expand(std::string& text);
@@ -33,7 +35,8 @@ private:
     FormulaParser formulas_;
     ImageParser images_;
     std::optional<OverlayParser> overlays_;  ///< made on first use: its sizes can be in error
-    std::string text_;
+    std::vector<std::string> texts_;         ///< expanded; one per attribute, used again
+    std::vector<ShownAttribute> shown_;
 };
 
 }  // namespace tavisk

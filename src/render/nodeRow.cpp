@@ -77,9 +77,19 @@ void appendCell(std::string& html, std::string_view opening, const Look& look,
 
 }  // namespace
 
-void appendNodeRow(std::string& html, const dom::Node& node) {
+std::span<const ShownAttribute> shownAttributes(const dom::Node& node,
+                                                std::vector<ShownAttribute>& memory) {
+    memory.clear();
+    for (const dom::Attribute& attribute : node.attributes()) {
+        memory.emplace_back(attribute.baseName(), attribute.text());
+    }
+    return memory;
+}
+
+void appendNodeRow(std::string& html, std::string_view baseName,
+                   std::span<const ShownAttribute> attributes) {
     const auto [style, titleColour, answerColour, titleSize, answerSize, value, titleHiddenText,
-                answerHiddenText] = GetAttributeValues(node, rowAttributes);
+                answerHiddenText] = GetAttributeValues(attributes, rowAttributes);
     const int bits = floor16(leadingNumber(style));
     const Look title = lookOf(bits, titleColour, titleSize);
     const Look answer = lookOf(bits >> 3, answerColour, answerSize);
@@ -92,7 +102,7 @@ void appendNodeRow(std::string& html, const dom::Node& node) {
         appendCell(html, wideCell, answer, value);
     } else {
         const bool alone = answerHidden || value.empty();
-        appendCell(html, alone ? wideCell : cell, title, shownName(node.baseName()));
+        appendCell(html, alone ? wideCell : cell, title, shownName(baseName));
         if (!alone) appendCell(html, cell, answer, value);
     }
     html += rowClosing;
@@ -100,7 +110,8 @@ void appendNodeRow(std::string& html, const dom::Node& node) {
 
 std::string renderNodeRow(const dom::Node& node) {
     std::string html;
-    appendNodeRow(html, node);
+    std::vector<ShownAttribute> memory;
+    appendNodeRow(html, node.baseName(), shownAttributes(node, memory));
     return html;
 }
 

@@ -5,6 +5,9 @@
 #include <cmath>
 #include <exception>
 #include <functional>
+#include <span>
+#include <utility>
+#include <vector>
 
 #include "document/xmlParse.h"
 #include "platform/codePage1252.h"
@@ -49,8 +52,8 @@ struct Frame {
     bool pageBreak;
 };
 
-Frame frameOf(const dom::Node& node) {
-    const auto [before, after, column, page] = GetAttributeValues(node, layoutAttributes);
+Frame frameOf(std::span<const ShownAttribute> attributes) {
+    const auto [before, after, column, page] = GetAttributeValues(attributes, layoutAttributes);
     return {std::floor(leadingNumber(before)), std::floor(leadingNumber(after)), column == "1",
             page == "1"};
 }
@@ -88,15 +91,14 @@ private:
     }
 
     Frame begin(const dom::Node& node, bool nested) {
-        const dom::OwnedNode expanded =
-            parser_ != nullptr ? parser_->parseAlone(node) : dom::OwnedNode();
-        const dom::Node& shown = expanded ? *expanded : node;
+        const auto attributes = parser_ != nullptr ? parser_->expandAttributes(node)
+                                                   : shownAttributes(node, attributes_);
         Frame frame{};
         attempt([&] {
-            frame = frameOf(shown);
+            frame = frameOf(attributes);
             if (!nested) html_ += layoutOpening;
             gaps(frame.gapsBefore);
-            if (nested) appendNodeRow(html_, shown);
+            if (nested) appendNodeRow(html_, node.baseName(), attributes);
         });
         return frame;
     }
@@ -133,6 +135,7 @@ private:
 
     NodeParser* parser_;
     HandOn handOn_;
+    std::vector<ShownAttribute> attributes_;
     std::string html_;
     std::size_t size_ = 0;  ///< bytes handed on
     std::exception_ptr failure_;
@@ -140,12 +143,13 @@ private:
 
 /// The `value` of the first element called `special` that has one, in document order.
 std::string specialValue(const dom::Node& start, std::string_view special, NodeParser* parser) {
+    constexpr std::array<AttributeDefault, 1> valueAttribute{{{"value", ""}}};
+    std::vector<ShownAttribute> memory;
     for (const dom::Node* node = &start; node != nullptr; node = nextInDocument(*node, start)) {
         if (!isCalled(*node, special)) continue;
-        const dom::OwnedNode expanded =
-            parser != nullptr ? parser->parseAlone(*node) : dom::OwnedNode();
-        const std::string_view value =
-            GetAttributeValue(expanded ? expanded.get() : node, "value", "");
+        const auto [value] = GetAttributeValues(
+            parser != nullptr ? parser->expandAttributes(*node) : shownAttributes(*node, memory),
+            valueAttribute);
         if (!value.empty()) return std::string(value);
     }
     return {};

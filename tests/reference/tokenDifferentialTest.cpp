@@ -157,7 +157,7 @@ TEST(TokenDifferential, Formulaparse) {
     forEachRandomDocument([](const TestDocument& document) {
         const std::vector<PlainFormula> formulas = loadFormulas(document.plain);
         const FormulaCatalogue catalogue = catalogueOf(document.plain);
-        const FormulaParser parser(catalogue);
+        FormulaParser parser(catalogue);
         return compareTexts(
             document,
             [&](std::string text) {
@@ -171,7 +171,7 @@ TEST(TokenDifferential, Formulaparse) {
 TEST(TokenDifferential, Imageparse) {
     forEachRandomDocument([](const TestDocument& document) {
         const auto parsed = test::parsed(document.xml);
-        const ImageParser parser(*parsed, "/doc/temp_images/");
+        ImageParser parser(*parsed, "/doc/temp_images/");
         return compareTexts(
             document,
             [&](std::string text) {

@@ -192,7 +192,7 @@ TEST(ImageparseLimit, SurrogatePairsCountAsTwo) {
 
 TEST(ImageParser, OneParserServesManyTexts) {
     const auto document = parsed(R"(<x><image name="a"/></x>)");
-    const ImageParser parser(*document, "F");
+    ImageParser parser(*document, "F");
     std::string first = "`~a`";
     std::string second = "`~b`";
     parser.parse(first);

@@ -210,9 +210,8 @@ TEST(NodeRow, OtherNodesAreRowsWithTheirBaseNames) {
 TEST(NodeRow, ChildrenAreNotPartOfTheRow) { EXPECT_EQ(rowOf("<n><m/>t</n>"), wide(plain("n"))); }
 
 TEST(NodeRow, AppendedRowFollowsWhatIsThere) {
-    const auto document = parsed("<n/>");
     std::string html = "before";
-    appendNodeRow(html, element(*document, "n"));
+    appendNodeRow(html, "n", {});
     EXPECT_EQ(html, "before" + wide(plain("n")));
 }
 
