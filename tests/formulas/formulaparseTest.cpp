@@ -227,7 +227,7 @@ TEST(FormulaparseLimit, SurrogatePairsCountAsTwo) {
 }
 
 TEST(FormulaParser, OneParserServesManyTexts) {
-    const FormulaParser parser(catalogueOf({{"Rate", "5"}}));
+    FormulaParser parser(catalogueOf({{"Rate", "5"}}));
     std::string first = "`Rate`";
     std::string second = "`Missing`";
     std::string third;
