@@ -7,6 +7,7 @@ is so for both.
 """
 
 import argparse
+import itertools
 import json
 import os
 import pathlib
@@ -49,6 +50,7 @@ class Bench:
         self.runs = runs
         self.documents = build / "bench-documents"
         self.log = str(work / "stderr.txt")
+        self.folders = itertools.count()
 
     def make_documents(self):
         maker = self.build / "makeDocuments"
@@ -64,8 +66,9 @@ class Bench:
         return Run(["xmllint", "--huge", "--noout", self.file(name)], self.log)
 
     def render(self, name):
-        folder = self.work / "folder"
-        shutil.rmtree(folder, ignore_errors=True)
+        # Removed at the very end: for some seconds after files are deleted, some file systems take
+        # much longer to make new ones.
+        folder = self.work / f"folder-{next(self.folders)}"
         command = [str(self.build / "tavisk"), "render", self.file(name)]
         return Run(command + ["--folder", str(folder), "--evaluate"], self.log)
 
@@ -310,16 +313,17 @@ def main():
     load = os.getloadavg()[0]
     build = options.build.resolve()
     work = (options.work or build).resolve() / "bench-work"
-    work.mkdir(parents=True, exist_ok=True)
+    shutil.rmtree(work, ignore_errors=True)
+    work.mkdir(parents=True)
     bench = Bench(build, work, options.runs)
     bench.make_documents()
 
     def against_xmllint(run, names):
         return {name: bench.pairs(lambda: run(name), lambda: bench.xmllint(name)) for name in names}
 
+    scaling = bench.pairs(lambda: bench.render("many"), lambda: bench.render("few"))
     render = against_xmllint(bench.render, ("S", "M", "L", "LP"))
     save = against_xmllint(bench.save, ("S", "M", "L", "LP"))
-    scaling = bench.pairs(lambda: bench.render("many"), lambda: bench.render("few"))
     shutil.rmtree(work)
     micro = microbenchmarks(build)
 
