@@ -69,8 +69,9 @@ public:
         for (dom::Node* child = parent.firstChild(); child != nullptr; child = child->next()) {
             ++count;
             const std::size_t end = start == mismatch ? mismatch : endOf(*child, start);
-            if (end == key_.size()) found_ = child;
             if (child->hasChildren()) visitChildren(*child, end);
+            // After everything below it: where keys start afresh, both can have the same key.
+            if (end == key_.size()) found_ = child;
         }
         checkedCount(count);
     }

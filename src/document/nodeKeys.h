@@ -26,9 +26,9 @@ std::string KeyOfTreeNode(const dom::Node& base, const dom::Node& row, std::stri
 /// name. Null when there is none. Error 6 when more than 32,767 children have to be walked.
 dom::Node* ElementOfTreeNode(dom::Node& base, const dom::Node& row);
 
-/// The row that building the tree leaves selected: the last one below `base`, in document order,
-/// whose key is `startKey`. Null when none matches and for an empty key. Error 6 when a node has
-/// more than 32,767 children.
+/// The row that building the tree leaves selected: the last one below `base` whose key is
+/// `startKey`, in the order of building, which ends a node after everything below it. Null when
+/// none matches and for an empty key. Error 6 when a node has more than 32,767 children.
 dom::Node* findStartNode(dom::Node& base, std::string_view startKey);
 
 /// The row that the names of `key` lead to from `base`, first match on every level; null if none.
