@@ -258,39 +258,30 @@ private:
     }
 
     // Namespace declarations come apart from the attributes: the tag itself tells where they stood.
+    // Each of the two lists is in written order already.
     void addInWrittenOrder(Namespaces namespaces, Attributes attributes) {
-        std::vector<bool> added(attributes.count);
-        std::vector<bool> declared(namespaces.count);
-        const auto declare = [&](std::size_t n) {
-            const xmlChar* prefix = namespaces.pairs[n * 2];
-            const std::string attributeName =
-                prefix == nullptr ? "xmlns" : "xmlns:" + std::string(view(prefix));
-            builder_.attribute(builder_.name(attributeName), view(namespaces.pairs[n * 2 + 1]));
-            declared[n] = true;
+        std::size_t nextNamespace = 0;
+        std::size_t nextAttribute = 0;
+        const auto declaration = [&] {
+            const xmlChar* prefix = namespaces.pairs[nextNamespace * 2];
+            return prefix == nullptr ? "xmlns" : "xmlns:" + std::string(view(prefix));
+        };
+        const auto declare = [&](const std::string& attributeName) {
+            const std::string_view address = view(namespaces.pairs[nextNamespace++ * 2 + 1]);
+            builder_.attribute(builder_.name(attributeName), address);
         };
         for (const std::string_view written : namesInTag()) {
-            for (std::size_t n = 0; n < namespaces.count; ++n) {
-                const std::string_view prefix = view(namespaces.pairs[n * 2]);
-                if (!declared[n] && written.starts_with("xmlns") &&
-                    (prefix.empty() ? written.size() == 5
-                                    : written.substr(5) == ":" + std::string(prefix))) {
-                    declare(n);
-                }
-            }
-            for (std::size_t i = 0; i < attributes.count; ++i) {
-                if (!added[i] && written == qualified(attributes.prefix(i), attributes.local(i))) {
-                    addAttribute(attributes, i);
-                    added[i] = true;
-                }
+            if (written != "xmlns" && !written.starts_with("xmlns:")) {
+                if (nextAttribute < attributes.count) addAttribute(attributes, nextAttribute++);
+            } else if (nextNamespace < namespaces.count && written == declaration()) {
+                declare(declaration());
             }
         }
         // What a document type declares as a default is not in the tag.
-        for (std::size_t n = 0; n < namespaces.count; ++n) {
-            if (!declared[n]) declare(n);
-        }
-        for (std::size_t i = 0; i < attributes.count; ++i) {
-            if (!added[i]) addAttribute(attributes, i);
-        }
+        while (nextNamespace < namespaces.count)
+            declare(declaration());
+        while (nextAttribute < attributes.count)
+            addAttribute(attributes, nextAttribute++);
     }
 
     /// Names of the attributes in the start tag that the parser has just read; "<" occurs in a tag
