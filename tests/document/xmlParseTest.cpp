@@ -30,12 +30,13 @@ std::string afterSetting(std::string_view xml, std::string_view name, std::strin
 
 /// An element with attributes "a0", "a1" and so on, each holding its own number.
 std::unique_ptr<dom::Document> withAttributes(std::size_t count) {
-    std::string xml = "<r";
+    auto document = std::make_unique<dom::Document>();
+    dom::Node& r = document->append(document->root(), document->createElement("r"));
     for (std::size_t i = 0; i < count; ++i) {
-        xml.append(" a").append(std::to_string(i)).append("='").append(std::to_string(i));
-        xml += '\'';
+        const std::string number = std::to_string(i);
+        document->addAttribute(r, "a" + number, number);
     }
-    return parsed(xml + "/>");
+    return document;
 }
 
 std::string repeated(std::string_view what, std::size_t times) {

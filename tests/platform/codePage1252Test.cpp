@@ -44,7 +44,7 @@ TEST(CodePage1252, EveryAssignedByteComesFromItsCharacter) {
 }
 
 TEST(CodePage1252, TheFiveUnassignedBytesAreErrors) {
-    for (const unsigned byte : {0x81, 0x8D, 0x8F, 0x90, 0x9D}) {
+    for (const unsigned byte : {0x81U, 0x8DU, 0x8FU, 0x90U, 0x9DU}) {
         std::string text = utf8(byte);
         EXPECT_EQ(test::errorOf([&] { encodeCodePage1252(text); }), 5) << byte;
     }

@@ -18,7 +18,7 @@ TEST(TextPool, CapacitiesArePowersOfTwoFrom16) {
 
 TEST(TextPool, BlocksAreAligned) {
     TextPool pool;
-    for (const std::size_t capacity : {16, 64, 16, 1024, 1 << 20, 16}) {
+    for (const std::size_t capacity : {16U, 64U, 16U, 1024U, 1U << 20, 16U}) {
         const auto address = reinterpret_cast<std::uintptr_t>(pool.allocate(capacity));
         EXPECT_EQ(address % 16, 0U) << capacity;
     }

@@ -269,16 +269,22 @@ TEST(XmlReader, CommentsAndCdataMayBeVeryLong) {
     EXPECT_EQ(document->lastChild()->lastChild()->data(), text);
 }
 
-TEST(XmlReader, ManyAttributesAreRead) {
+TEST(XmlReader, ManyAttributesAndDeclarationsAreRead) {
     std::string xml = "<a";
-    for (int i = 0; i < 40'000; ++i)
-        xml.append(" n")
-            .append(std::to_string(i))
-            .append("=\"")
-            .append(std::to_string(i))
-            .append("\"");
+    for (int i = 0; i < 8000; ++i) {
+        const std::string number = std::to_string(i);
+        xml.append(" n").append(number).append("=\"").append(number).append("\"");
+        if (i % 8 == 0) xml.append(" xmlns:p").append(number).append("=\"u").append(number + "\"");
+    }
     xml += "/>";
     EXPECT_EQ(again(xml), xml);
+}
+
+TEST(XmlReader, DefaultsOfADocumentTypeGoBehindTheWrittenAttributes) {
+    const std::string type =
+        "<!DOCTYPE a [<!ATTLIST a v CDATA 'd' xmlns:q CDATA 'w' z CDATA 'e'>]>";
+    EXPECT_EQ(again(type + "<a z='1' xmlns='u' y='2'/>"),
+              type + "<a z=\"1\" xmlns=\"u\" y=\"2\" xmlns:q=\"w\" v=\"d\"/>");
 }
 
 TEST(XmlReader, ManyDifferentNamesAreRead) {
