@@ -69,7 +69,7 @@ def taken(browser, width):
     """The bytes of a PNG file of the open page in its whole height."""
     size = {"width": width, "height": 800, "deviceScaleFactor": 1, "mobile": False}
     browser.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", size)
-    height = browser.execute_script("return Math.ceil(document.body.getBoundingClientRect().bottom)")
+    height = browser.execute_script("return document.documentElement.scrollHeight")
     clip = {"x": 0, "y": 0, "width": width, "height": min(height, HEIGHT_LIMIT), "scale": 1}
     shot = browser.execute_cdp_cmd("Page.captureScreenshot", {
         "format": "png", "captureBeyondViewport": True, "clip": clip})

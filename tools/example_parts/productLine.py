@@ -96,10 +96,10 @@ def _guide():
         "How to read this list",
         remark("Introduction",
                "Every cabinet of the programme has an entry with its measures, its equipment and a "
-               "drawing. All measures are in millimetres and without worktop; depths are without "
-               "doors."),
+               "drawing. All measures are in millimetres, ±1 mm, and without worktop – depths are "
+               "without doors."),
         Node("Order codes", "Letters for the family, then the width in centimetres. L and R say on "
-                            "which side the hinges sit. Example: B60L."),
+                            "which side the hinges sit. Example: B60L – 60 cm wide, hung on the left."),
         Node("Carcase", "`carcase`\nBack panel: `back`\n`~white`"),
         Node("Worktops", "Oak or slate\n`~oak` `~slate`"),
         Node("Hinges", "`hinges`\n`~hinge`"),
@@ -150,15 +150,15 @@ def _cabinet(doc, family, code, width, height, side):
 def _accessories(count):
     """As many accessories as are wanted; their articles are numbered through."""
     kinds = ("Filler strip", "End panel", "Plinth panel", "Light pelmet", "Cornice")
-    colours = ("white", "sage", "graphite", "oak")
+    colours = ("crème", "sage", "graphite", "décor oak")
     lengths = (600, 720, 900, 1200, 2080, 2280, 2400)
     widths = (50, 80, 100, 150, 200)
     articles = []
     for number, (kind, colour, length, width) in enumerate(
             itertools.islice(itertools.product(kinds, colours, lengths, widths), count)):
         articles.append(Node(f"Article {4001 + number}",
-                             f"{kind} {colour}, {length} × {width} mm, {16 if width < 100 else 19} "
-                             "mm thick"))
+                             f"{kind} {colour}, {length} mm long, {width} mm wide, "
+                             f"{16 if width < 100 else 19} mm thick"))
     for place in (count // 3, count * 2 // 3):
         articles[place - 1].attributes["columnbreak"] = "1"
     return section("Accessories", *articles, titlefontsize="2", spacebefore="0")
