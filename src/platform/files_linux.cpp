@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <memory>
 #include <new>
 #include <optional>
 #include <sys/stat.h>
@@ -208,6 +209,21 @@ void writeTarget(const std::string& path, const std::optional<struct stat>& old,
     fresh.moveTo(path);
 }
 
+bool beginsWith(const std::string& path, std::string_view bytes) {
+    const Descriptor file = openFile(path, O_RDONLY);
+    if (!file.isOpen()) return false;
+    const std::unique_ptr<char[]> block = std::make_unique_for_overwrite<char[]>(blockSize);
+    while (!bytes.empty()) {
+        const ssize_t got = ::read(file.number(), block.get(), std::min(blockSize, bytes.size()));
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) return false;
+        const std::string_view piece(block.get(), static_cast<std::size_t>(got));
+        if (!bytes.starts_with(piece)) return false;
+        bytes.remove_prefix(piece.size());
+    }
+    return true;
+}
+
 std::string readTail(const std::string& path, std::size_t offset, std::size_t size) {
     const Descriptor file = openForReading(path);
     if (::lseek(file.number(), static_cast<off_t>(offset), SEEK_SET) < 0) {
@@ -252,6 +268,8 @@ void DiskFiles::overwrite(const std::string& path, std::string_view bytes) {
     std::string tail;
     if (old && S_ISREG(old->st_mode)) {
         const auto size = static_cast<std::size_t>(old->st_size);
+        // Pictures seldom change from preview to preview, and writing costs far more than reading.
+        if (size >= bytes.size() && beginsWith(path, bytes)) return;
         if (size > bytes.size()) tail = readTail(path, bytes.size(), size);
     }
     writeTarget(path, old, [&](const Write& write) {

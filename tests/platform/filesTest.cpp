@@ -387,6 +387,26 @@ TEST_F(DiskFiles, OverwriteReplacesAShorterOrEquallyLongFile) {
     EXPECT_EQ(bytesOf("a"), "fresh");
 }
 
+TEST_F(DiskFiles, AFileThatBeginsWithTheBytesAlreadyIsNotWritten) {
+    const std::string bytes(200'000, 'x');
+    put("a", bytes);
+    put("b", bytes + "tail");
+    const SizeLimit limit(1000);
+    files.overwrite(path("a"), bytes);
+    files.overwrite(path("b"), bytes);
+    EXPECT_EQ(bytesOf("a"), bytes);
+    EXPECT_EQ(bytesOf("b"), bytes + "tail");
+}
+
+TEST_F(DiskFiles, AFileThatDiffersInItsLastByteIsWritten) {
+    const std::string bytes(200'000, 'x');
+    put("a", bytes + "tail");
+    std::string changed = bytes;
+    changed.back() = 'y';
+    files.overwrite(path("a"), changed);
+    EXPECT_EQ(bytesOf("a"), changed + "tail");
+}
+
 TEST_F(DiskFiles, OverwriteKeepsThePermissionsOfTheFile) {
     put("a", "0123456789");
     ASSERT_EQ(::chmod(path("a").c_str(), 0640), 0);
