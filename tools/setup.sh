@@ -25,6 +25,8 @@ packages() {
         test)
             packages build
             packages show
+            echo python3-pil      # draws the pictures of the examples
+            echo poppler-utils    # reads printed pages
             ;;
         bench)
             packages build
