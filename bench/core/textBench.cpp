@@ -52,7 +52,7 @@ FormulaCatalogue catalogueOf(std::size_t formulas) {
 void expandFormulas(benchmark::State& state) {
     const auto formulas = static_cast<std::size_t>(state.range(0));
     const FormulaCatalogue catalogue = catalogueOf(formulas);
-    const FormulaParser parser(catalogue);
+    FormulaParser parser(catalogue);
     const DocumentPlan plan{1, formulas, 0, 0, 1};
     Random random(11);
     std::vector<std::string> answers;
