@@ -290,6 +290,19 @@ TEST(FormulaExport, RepeatedExportsDoNotAccumulate) {
     EXPECT_EQ(namesOf(catalogue), "[a][code][type]");
 }
 
+TEST(FormulaExport, FormulasInsideFormulasGoOnce) {
+    const auto document = parsed(
+        R"(<cabinetinfo><formula name="a"><formula name="b"/></formula><cabinet/></cabinetinfo>)");
+    FormulaCatalogue catalogue;
+    catalogue.load(*document);
+    prepareFormulaNodesForExport(*document, catalogue);
+    const std::string once = writeXml(*document);
+    // The memory of the removed elements serves the new ones.
+    prepareFormulaNodesForExport(*document, catalogue);
+    EXPECT_EQ(writeXml(*document), once);
+    EXPECT_EQ(document->elementsByTagName("formula").size(), 4u);
+}
+
 TEST(FormulaExport, ExportedDocumentExportsToItself) {
     const std::string once = exported(
         R"(<cabinetinfo><formula name="a" value="5"/><cabinet value="`a`"/></cabinetinfo>)");
@@ -397,6 +410,13 @@ TEST(FormulaNodeExport, ScansTheNodeAndEverythingBelow) {
     FormulaCatalogue catalogue;
     EXPECT_EQ(prepareFormulaNodeForExport(element(*document, "a"), catalogue),
               (Names{"1", "2", "1"}));
+}
+
+TEST(FormulaNodeExport, LeavesOutNothingByName) {
+    const auto document =
+        parsed(R"(<cabinet><formula value="`a`"/><image value="`b`"/></cabinet>)");
+    EXPECT_EQ(prepareFormulaNodeForExport(element(*document, "cabinet"), FormulaCatalogue()),
+              (Names{"a", "b"}));
 }
 
 TEST(FormulaNodeExport, KnowsOnlyTheCatalogue) {

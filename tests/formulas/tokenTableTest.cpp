@@ -80,6 +80,9 @@ TEST(TokenTable, ValuesOfTwoTokensFormATokenTogether) {
 
 TEST(TokenTable, EmptyValuesBringTheirNeighboursTogether) {
     EXPECT_EQ(replaced({{"a", ""}, {"bc", "2"}}, "`b`a`c`"), "2");
+    EXPECT_EQ(replaced({{"a", ""}, {"bxc", "2"}}, "`b`a`x`a`c`"), "2");
+    EXPECT_EQ(replaced({{"a", ""}, {"bxc", "2"}, {"d2e", "3"}}, "`d`b`a`x`a`c`e`"), "3");
+    EXPECT_EQ(replaced({{"c", ""}, {"a", ""}, {"bd", "2"}}, "`b`a`c``d`"), "2");
 }
 
 TEST(TokenTable, NeighbouringTokensShareTheirBackquotes) {

@@ -335,6 +335,16 @@ TEST(WritePage, EvaluationCanEmptyTheCode) {
         head + page("", "2") + tail);
 }
 
+TEST(WritePage, LongPagesAreWrittenWhole) {
+    std::string nodes;
+    std::string html;
+    for (int i = 0; i < 3000; ++i) {
+        nodes += "<a><b spaceafter=\"1\"/></a>";
+        html += titleRow("a") + titleRow("b") + gap;
+    }
+    EXPECT_EQ(previewed("<x><cabinet>" + nodes + "</cabinet></x>", true), head + page(html) + tail);
+}
+
 TEST(WritePage, SecondPreviewReplacesTheFirst) {
     MemoryFiles files;
     EXPECT_EQ(preview(files, "<x><cabinet><a/><b/><c/></cabinet></x>"), 0);
@@ -429,6 +439,39 @@ TEST(WritePageErrors, ExpansionFailsBeforeLayoutAndLayoutBeforeEncoding) {
                 "<x><cabinet><a spaceafter=\"1e12\"/><b value=\"" + tooLong + "\"/></cabinet></x>",
                 true),
         6);
+}
+
+TEST(WritePageErrors, ExpansionFailsInDocumentOrder) {
+    MemoryFiles files;
+    const std::string badSize =
+        "<x><image name=\"generated_cabinet_picture\" width=\"\"/><cabinet>";
+    const std::string tooLong = "<a value=\"" + std::string(32768, 'x') + "\"/>";
+    EXPECT_EQ(preview(files, badSize + tooLong + "<code value=\"\"/></cabinet></x>", true), 6);
+    EXPECT_EQ(preview(files, badSize + "<code value=\"\"/>" + tooLong + "</cabinet></x>", true),
+              13);
+}
+
+TEST(WritePageErrors, LayoutFailsInPageOrder) {
+    MemoryFiles files;
+    const auto error = [&files](const std::string& nodes) {
+        return preview(files, "<x><cabinet>" + nodes + "</cabinet></x>");
+    };
+    EXPECT_EQ(error(R"(<a style="32768"/><b spacebefore="1e12"/>)"), 6);
+    EXPECT_EQ(error(R"(<a spacebefore="1e12"/><b style="32768"/>)"), 7);
+    EXPECT_EQ(error(R"(<a spacebefore="1e12" style="32768"/>)"), 7);
+    EXPECT_EQ(error(R"(<a spaceafter="1e12" style="32768"/>)"), 6);
+    EXPECT_EQ(error(R"(<a spaceafter="1e12"><b style="32768"/></a>)"), 6);
+}
+
+TEST(WritePageErrors, EncodingFailsLastEvenOnALongPage) {
+    MemoryFiles files;
+    files.put(path, "old page");
+    const std::string first = "<x><cabinet><a value=\"Ω\" spaceafter=\"10000\"/><b ";
+    const std::string tooLong = "value=\"" + std::string(32768, 'x') + "\"";
+    EXPECT_EQ(preview(files, first + "/></cabinet></x>"), 5);
+    EXPECT_EQ(preview(files, first + "style=\"32768\"/></cabinet></x>"), 6);
+    EXPECT_EQ(preview(files, first + tooLong + "/></cabinet></x>", true), 6);
+    EXPECT_EQ(files.bytesOf(path), "old page");
 }
 
 TEST(WritePageErrors, ErrorOfTheFileTravels) {
