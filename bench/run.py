@@ -188,9 +188,9 @@ def key_rows(micro):
 
     rows = []
     for what, most, (value, times) in (
-            ("all keys of a tree, from 10,000 to 30,000 nodes", 4,
+            ("all keys of a tree, from 10,000 to 30,000 nodes", 5,
              growth("keysOfTree", "10000/0", "30000/0")),
-            ("comparing all keys while the tree is built, from 10,000 to 30,000 nodes", 4,
+            ("comparing all keys while the tree is built, from 10,000 to 30,000 nodes", 5,
              growth("findLastKey", "10000/0", "30000/0")),
             ("the same for 10,000 nodes, from depth 10 to 900", 1.5,
              growth("findLastKey", "10000/10", "10000/900")),
