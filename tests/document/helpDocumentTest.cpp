@@ -10,7 +10,7 @@
 
 namespace tavisk {
 
-void PrintTo(const Message& message, std::ostream* out) {
+inline void PrintTo(const Message& message, std::ostream* out) {
     *out << message.title << " [" << static_cast<int>(message.style) << "] " << message.text;
 }
 
