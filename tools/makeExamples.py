@@ -10,8 +10,11 @@ import sys
 
 sys.dont_write_bytecode = True
 
-from example_parts import (baseCabinet, cabinetPicture, cornerUnit, flawed, productLine,  # noqa: E402
-                           tallOvenHousing, wallCabinet)
+try:
+    from example_parts import (baseCabinet, cabinetPicture, cornerUnit, flawed, productLine,
+                               tallOvenHousing, wallCabinet)
+except ImportError as error:
+    sys.exit(f"{sys.executable} cannot draw ({error}): apt-get install python3-pil")
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 

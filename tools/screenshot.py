@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Takes a picture of a whole page with a headless browser: screenshot.py PAGE OUT.png [--width N]"""
+"""Takes a picture of a whole page in a headless browser: screenshot.py PAGE OUT.png [--width N]"""
 
 import argparse
 import base64

@@ -95,7 +95,7 @@ class Look(unittest.TestCase):
 
 
 def styles():
-    """Every title and answer of every example: what is wanted, what is seen, the sizes there are."""
+    """Every title and answer: what is wanted, what is seen, and the sizes that there are."""
     for document in examples():
         sizes = seen(document.name)["sizes"]
         for row, found in rows_of(document):

@@ -17,7 +17,8 @@ const look = cell => {
     for (let e = font; e !== cell; e = e.parentElement)
         underlined ||= getComputedStyle(e).textDecorationLine.includes('underline');
     return {color: hex(style.color), pixels: parseFloat(style.fontSize),
-            bold: Number(style.fontWeight) >= 600, italic: style.fontStyle === 'italic', underlined};
+            bold: Number(style.fontWeight) >= 600, italic: style.fontStyle === 'italic',
+            underlined};
 };
 
 // Where the text after the last overlay in a cell starts.
@@ -59,7 +60,8 @@ pages.forEach((page, pageNumber) => [...page.rows[0].cells].forEach((column, col
 }));
 
 // The sizes that font elements may have, from 1 to 7, as this browser draws them.
-const sizes = ['x-small', 'small', 'medium', 'large', 'x-large', 'xx-large', 'xxx-large'].map(name => {
+const keywords = ['x-small', 'small', 'medium', 'large', 'x-large', 'xx-large', 'xxx-large'];
+const sizes = keywords.map(name => {
     const sample = document.body.appendChild(document.createElement('span'));
     sample.style.fontSize = name;
     const pixels = parseFloat(getComputedStyle(sample).fontSize);

@@ -37,8 +37,8 @@ def _choice():
                "two round trays turn with the door."),
         Node("Comparison", table),
         Node("Plan", "`~plan`"),
-        Node("In its place", "The unit needs `leg` mm along each wall and joins units of `depth` mm "
-                             "depth on both sides. It opens with a `door`."),
+        Node("In its place", "The unit needs `leg` mm along each wall and joins units of `depth` "
+                             "mm depth on both sides. It opens with a `door`."),
         Node("Blind corner instead",
              "Where a drawer next to the corner must open fully, take the blind corner. It needs "
              "<i>1000 mm</i> on one wall and <i>560 mm</i> on the other.\n`~blind corner`"),
@@ -66,8 +66,9 @@ def _carousel():
                                  "<tr><td>Slate</td><td>Walnut</td></tr></table>"),
                  style=str(TITLE_BOLD))
     door = Node("Door",
-                "<ul><li>Two leaves of 300 mm, joined at a right angle</li><li>Turns into the unit, "
-                "so that no corner sticks out</li><li>Stops by itself in its closed place</li></ul>",
+                "<ul><li>Two leaves of 300 mm, joined at a right angle</li><li>Turns into the "
+                "unit, so that no corner sticks out</li><li>Stops by itself in its closed place"
+                "</li></ul>",
                 Node("Door hinge", "`~hinge`"), style=str(TITLE_BOLD))
     return section("Carousel", shaft, trays, door)
 

@@ -8,6 +8,7 @@ WOOD = "#EAD9BF"
 STEEL = "#C9D1D8"
 GLASS = "#D5E6EF"
 AIR = "#C2571A"
+PLINTH = "#B4BDC4"
 
 
 def elevation(width, height, fronts, plinth=100, worktop=0, size=(260, 250), density=2):
@@ -23,7 +24,8 @@ def elevation(width, height, fronts, plinth=100, worktop=0, size=(260, 250), den
         canvas.rectangle(left - 3, top, right + 3, body, fill=WOOD)
     canvas.rectangle(left, body, right, body + height * scale, fill=CARCASE)
     if plinth:
-        canvas.rectangle(left + 2, body + height * scale, right - 2, floor, fill="#B4BDC4", width=0.9)
+        canvas.rectangle(left + 2, body + height * scale, right - 2, floor, fill=PLINTH,
+                         width=0.9)
     share = height / sum(row[1] for row in fronts)
     edge = body
     for kind, row in fronts:
@@ -141,7 +143,7 @@ def section(depth, height, plinth=100, worktop=40, shelves=1, size=(220, 250), d
         canvas.rectangle(left + 10, level, right - 8, level + board, fill=CARCASE, width=0.9)
     canvas.rectangle(right + 1, body + 1, right + 5, bottom, fill=FACE, width=0.9)
     if plinth:
-        canvas.rectangle(right - 14, bottom, right - 10, floor, fill="#B4BDC4", width=0.9)
+        canvas.rectangle(right - 14, bottom, right - 10, floor, fill=PLINTH, width=0.9)
         for leg in (left + 14, right - 26):
             canvas.rectangle(leg, bottom, leg + 5, floor - 3, fill=STEEL, width=0.8)
             canvas.rectangle(leg - 3, floor - 3, leg + 8, floor, fill=STEEL, width=0.8)

@@ -1,4 +1,4 @@
-"""Builds help documents: a tree of help nodes, the formulas they name and the pictures they show."""
+"""Builds help documents: a tree of help nodes, the formulas they name, the pictures they show."""
 
 import base64
 import textwrap

@@ -1,4 +1,4 @@
-"""A whole product line: 2,000 help nodes, a drawing for every cabinet, a printed page per family."""
+"""A whole product line: 2,000 help nodes, a drawing per cabinet, a printed page per family."""
 
 import itertools
 
@@ -99,7 +99,8 @@ def _guide():
                "drawing. All measures are in millimetres, ±1 mm, and without worktop – depths are "
                "without doors."),
         Node("Order codes", "Letters for the family, then the width in centimetres. L and R say on "
-                            "which side the hinges sit. Example: B60L – 60 cm wide, hung on the left."),
+                            "which side the hinges sit. Example: B60L – 60 cm wide, hung on the "
+                            "left."),
         Node("Carcase", "`carcase`\nBack panel: `back`\n`~white`"),
         Node("Worktops", "Oak or slate\n`~oak` `~slate`"),
         Node("Hinges", "`hinges`\n`~hinge`"),

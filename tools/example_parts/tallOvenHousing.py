@@ -1,7 +1,8 @@
 """A tall oven housing: opens at a node deep in the tree, which the location names."""
 
 from . import details, drawings
-from .helpDocument import ANSWER_BOLD, QUIET, TITLE_BOLD, WARNING, HelpDocument, Node, remark, section
+from .helpDocument import (ANSWER_BOLD, QUIET, TITLE_BOLD, WARNING, HelpDocument, Node, remark,
+                           section)
 
 
 def document():

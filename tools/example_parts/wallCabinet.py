@@ -87,5 +87,5 @@ def _care():
         Node("Hinges", "They need no oil.", answerfontsize="-1"),
         Node("Spare parts", "", titlefontsize="-1", style=str(TITLE_ITALIC)),
         Node("Spare part list", answerhidden="1", titlecolor=QUIET, titlefontsize="-2"),
-        remark("Note", "Quote the code `code` when you order spare parts, and say on which side the "
-                       "hinge sits.", answercolor=QUIET, answerfontsize="-2", spacebefore="1"))
+        remark("Note", "Quote the code `code` when you order spare parts, and say on which side "
+                       "the hinge sits.", answercolor=QUIET, answerfontsize="-2", spacebefore="1"))
