@@ -27,7 +27,8 @@ struct DropDownList {
     void choose(std::string_view text);
 };
 
-/// The state of the editor form while it is loaded. Members are what the commands work on.
+/// The state of the editor form while it is loaded. Members are what the commands work on; the
+/// commands need a loaded session.
 class HelpSession {
 public:
     /// `folder` is the component's folder, without a trailing separator.

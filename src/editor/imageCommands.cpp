@@ -1,6 +1,7 @@
 #include "editor/imageCommands.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>

@@ -97,6 +97,11 @@ TEST(HelpSession, GeneratedPictureInsideAFormulaGoesWithIt) {
     EXPECT_EQ(editor.session.xmlText,
               infoOf(R"(<cabinet><a/></cabinet><formula name="f" description="" standard="0"/>)" +
                      std::string(fixedFormulas)));
+    // Nothing was freed twice: what is added now is all there.
+    dom::Document& document = *editor.session.articledoc;
+    for (int i = 0; i < 8; ++i)
+        document.append(*editor.session.baseXMLNode, document.createElement("n"));
+    EXPECT_EQ(editor.tree(), "<cabinet><a/><n/><n/><n/><n/><n/><n/><n/><n/></cabinet>");
 }
 
 TEST(HelpSession, FormulaInsideAGeneratedPictureGoesWithIt) {

@@ -126,6 +126,15 @@ TEST(NodeOperations, DeletingTheCurrentOneOfTwoEqualNamesKeepsTheOther) {
     EXPECT_EQ(editor.session.currentnode, editor.session.baseXMLNode);
 }
 
+TEST(NodeOperations, AfterADeletionTheRowAboveTheSelectedOneIsSelected) {
+    EditorSession editor(R"(<p n="1"><a/></p><p n="2"><a/></p>)");
+    selectNode(editor.session, *editor.session.baseXMLNode->lastChild()->firstChild());
+    deleteNode(editor.session, editor.dialogs);
+    EXPECT_EQ(editor.tree(), R"(<cabinet><p n="1"/><p n="2"><a/></p></cabinet>)");
+    EXPECT_EQ(editor.session.selectedRow, editor.session.baseXMLNode->lastChild());
+    EXPECT_EQ(editor.current(), R"(<p n="1"/>)");
+}
+
 TEST(NodeOperations, ErrorInThePanelComesAfterTheDeletion) {
     EditorSession editor(R"(<a/><b style="x"><c/></b>)");
     editor.session.currentnode = editor.session.selectedRow = &editor.row("cabinet=>b=>c");
