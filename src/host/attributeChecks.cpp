@@ -55,7 +55,7 @@ std::optional<Problem> check16Bits(std::string_view text) {
 std::optional<Problem> checkFlag(std::string_view text) {
     if (text == "0" || text == "1") return std::nullopt;
     return Problem{Severity::warning, "bad-flag",
-                   inQuotes(text) + " is neither \"0\" nor \"1\"; only \"1\" counts as set."};
+                   inQuotes(text) + R"( is neither "0" nor "1"; only "1" counts as set.)"};
 }
 
 std::optional<Problem> checkColour(std::string_view text) {

@@ -21,7 +21,7 @@ std::variant<dom::Source, Message> readBytes(std::string_view bytes) {
 std::string textOf(std::variant<dom::Source, Message> input) {
     if (const Message* message = std::get_if<Message>(&input)) return message->text;
     const dom::Source& source = std::get<dom::Source>(input);
-    EXPECT_EQ(source.bytes[source.size], '\0');
+    EXPECT_EQ(source.bytes.get()[source.size], '\0');
     return {source.bytes.get(), source.size};
 }
 
