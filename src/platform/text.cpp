@@ -147,6 +147,27 @@ double inRange(double number, double lowest, double highest) {
     return number;
 }
 
+/// Writes one code point and returns the end of its bytes.
+char* encode(char* to, char32_t codePoint) {
+    const auto put = [&](char32_t byte) { *to++ = static_cast<char>(byte); };
+    if (codePoint < 0x80) {
+        put(codePoint);
+    } else if (codePoint < 0x800) {
+        put(0xC0 | codePoint >> 6);
+        put(0x80 | (codePoint & 0x3F));
+    } else if (codePoint < 0x10000) {
+        put(0xE0 | codePoint >> 12);
+        put(0x80 | (codePoint >> 6 & 0x3F));
+        put(0x80 | (codePoint & 0x3F));
+    } else {
+        put(0xF0 | codePoint >> 18);
+        put(0x80 | (codePoint >> 12 & 0x3F));
+        put(0x80 | (codePoint >> 6 & 0x3F));
+        put(0x80 | (codePoint & 0x3F));
+    }
+    return to;
+}
+
 }  // namespace
 
 std::size_t checkedCount(std::size_t count) {
@@ -214,53 +235,43 @@ std::u16string toUtf16(std::string_view utf8) {
 }
 
 void appendUtf8(std::string& out, char32_t codePoint) {
-    const auto put = [&](char32_t byte) { out.push_back(static_cast<char>(byte)); };
-    if (codePoint < 0x80) {
-        put(codePoint);
-    } else if (codePoint < 0x800) {
-        put(0xC0 | codePoint >> 6);
-        put(0x80 | (codePoint & 0x3F));
-    } else if (codePoint < 0x10000) {
-        put(0xE0 | codePoint >> 12);
-        put(0x80 | (codePoint >> 6 & 0x3F));
-        put(0x80 | (codePoint & 0x3F));
-    } else {
-        put(0xF0 | codePoint >> 18);
-        put(0x80 | (codePoint >> 12 & 0x3F));
-        put(0x80 | (codePoint >> 6 & 0x3F));
-        put(0x80 | (codePoint & 0x3F));
-    }
+    char bytes[4];
+    out.append(bytes, encode(bytes, codePoint));
 }
 
 void toUtf8(std::u16string_view utf16, std::string& out) {
     constexpr std::size_t block = 32;
-    out.clear();
-    out.reserve(utf16.size() + block);
+    constexpr std::size_t mostBytes = 3;  // per code unit; a pair takes four
+    out.resize(utf16.size() * mostBytes);
+    char* to = out.data();
     std::size_t at = 0;
     while (at < utf16.size()) {
-        if (at + block <= utf16.size()) {
-            char bytes[block];
+        const std::size_t blockEnd = std::min(at + block, utf16.size());
+        if (blockEnd - at == block) {
             char16_t any = 0;
             for (std::size_t i = 0; i < block; ++i) {
                 any = static_cast<char16_t>(any | utf16[at + i]);
-                bytes[i] = static_cast<char>(utf16[at + i]);
+                to[i] = static_cast<char>(utf16[at + i]);
             }
             if (any < 0x80) {
-                out.append(bytes, block);
-                at += block;
+                at = blockEnd;
+                to += block;
                 continue;
             }
         }
-        const char32_t unit = utf16[at++];
-        if (unit < 0xD800 || unit > 0xDFFF) {
-            appendUtf8(out, unit);
-            continue;
+        while (at < blockEnd) {
+            const char32_t unit = utf16[at++];
+            if (unit < 0xD800 || unit > 0xDFFF) {
+                to = encode(to, unit);
+                continue;
+            }
+            const char32_t low = at < utf16.size() ? utf16[at] : 0U;
+            if (unit > 0xDBFF || low < 0xDC00 || low > 0xDFFF) raise(ErrorNumber::invalidArgument);
+            to = encode(to, 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00));
+            ++at;
         }
-        const char32_t low = at < utf16.size() ? utf16[at] : 0U;
-        if (unit > 0xDBFF || low < 0xDC00 || low > 0xDFFF) raise(ErrorNumber::invalidArgument);
-        appendUtf8(out, 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00));
-        ++at;
     }
+    out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
 std::string toUtf8(std::u16string_view utf16) {
