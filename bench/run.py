@@ -138,7 +138,7 @@ def verdict(value, goal, stretch=None):
 
 def ratio_row(what, value, goal, stretch=None, detail=""):
     wanted = f"at most {goal}" + (f" (stretch {stretch})" if stretch else "")
-    return what, wanted, f"{value:.2f}{detail}", verdict(value, goal, stretch)
+    return what, wanted, f"{value:.3f}{detail}", verdict(value, goal, stretch)
 
 
 def spread(pairs, what="wall"):
