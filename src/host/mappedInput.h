@@ -8,8 +8,8 @@
 
 namespace tavisk {
 
-/// The file's bytes where they are in memory, or nothing where the file cannot be mapped and has to
-/// be read: it is no ordinary file, is empty, or leaves no room for the NUL behind it.
+/// The file's bytes where they are in memory, or nothing where the file has to be read: it is no
+/// ordinary file, is small, or cannot be mapped.
 std::optional<dom::Source> mapInput(const std::string& path);
 
 /// A mapped file that another program cuts short ends the process at the next look at it. From here

@@ -21,25 +21,43 @@ void shrunk(int) {
     ::_exit(4);
 }
 
+/// `size` bytes of the file and at least one NUL behind them. Whole pages are the file's own; what
+/// is left over is copied into a page of ours, which stays as it is when the file grows.
+void* mapWithTail(int file, std::size_t size) {
+    const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    const std::size_t whole = size / page * page;
+    void* const all =
+        ::mmap(nullptr, whole + page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (all == MAP_FAILED) return nullptr;
+    char* const tail = static_cast<char*>(all) + whole;
+    const bool mapped = ::mmap(all, whole, PROT_READ, MAP_PRIVATE | MAP_FIXED | MAP_POPULATE, file,
+                               0) != MAP_FAILED;
+    const auto left = static_cast<ssize_t>(size - whole);
+    if (mapped && ::pread(file, tail, size - whole, static_cast<off_t>(whole)) == left) return all;
+    ::munmap(all, whole + page);
+    return nullptr;
+}
+
 }  // namespace
 
 std::optional<dom::Source> mapInput(const std::string& path) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (file < 0) return std::nullopt;
     struct stat found {};
-    const bool ordinary = ::fstat(file, &found) == 0 && S_ISREG(found.st_mode);
-    const auto size = static_cast<std::size_t>(found.st_size);
-    // The rest of the last page reads as zeros; a full last page has no rest.
-    const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-    void* bytes = MAP_FAILED;
-    if (ordinary && size % page != 0) {
-        bytes = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_POPULATE, file, 0);
+    void* bytes = nullptr;
+    // Small files are read faster than mapped.
+    constexpr off_t worthMapping = off_t{256} << 10;
+    if (::fstat(file, &found) == 0 && S_ISREG(found.st_mode) && found.st_size >= worthMapping) {
+        bytes = mapWithTail(file, static_cast<std::size_t>(found.st_size));
     }
     ::close(file);
-    if (bytes == MAP_FAILED) return std::nullopt;
-    return dom::Source{{static_cast<const char*>(bytes),
-                        [size](const char* mapped) { ::munmap(const_cast<char*>(mapped), size); }},
-                       size};
+    if (bytes == nullptr) return std::nullopt;
+    const auto size = static_cast<std::size_t>(found.st_size);
+    const auto unmap = [size](const char* mapped) {
+        const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+        ::munmap(const_cast<char*>(mapped), size / page * page + page);
+    };
+    return dom::Source{{static_cast<const char*>(bytes), unmap}, size};
 }
 
 void reportShrunkInput() { std::signal(SIGBUS, shrunk); }
