@@ -104,6 +104,7 @@ TEST(TokenTable, TokenBehindAnOddBackquoteIsFound) {
 TEST(TokenTable, OccurrencesDoNotOverlap) {
     EXPECT_EQ(replaced({{"a", "1"}}, "`a`a`"), "1a`");
     EXPECT_EQ(replaced({{"a", "1"}}, "`a`a`a`"), "1a1");
+    EXPECT_EQ(replaced({{"a", "1"}, {"y", ""}, {"wz", "9"}}, "`a`a`w`y`z`"), "1a9");
 }
 
 TEST(TokenTable, ReplacementIsNotScannedAgainWithTheTextAroundIt) {
@@ -117,6 +118,12 @@ TEST(TokenTable, FirstOfTwoEqualNamesWins) {
 TEST(TokenTable, SecondOfTwoEqualNamesSeesWhatTheFirstLeft) {
     EXPECT_EQ(replaced({{"a", "`a`"}, {"a", "2"}}, "`a`"), "2");
     EXPECT_EQ(replaced({{"a", ""}, {"a", "2"}}, "``a`a`"), "2");
+}
+
+TEST(TokenTable, EqualNamesBehindTheEntryThatFormedTheTokenAreTriedInTheirOrder) {
+    EXPECT_EQ(replaced({{"ac", "1"}, {"b", ""}, {"ac", "2"}, {"ac", "3"}}, "`a`b`c`"), "2");
+    EXPECT_EQ(replaced({{"ac", "1"}, {"ac", "2"}, {"b", ""}, {"ac", "3"}}, "`a`b`c`"), "3");
+    EXPECT_EQ(replaced({{"ac", "1"}, {"ac", "2"}, {"b", ""}}, "`a`b`c`"), "`ac`");
 }
 
 TEST(TokenTable, EmptyNameMatchesTwoAdjacentBackquotes) {
@@ -181,6 +188,21 @@ TEST(TokenTable, OneTableServesManyTexts) {
     EXPECT_EQ(first, "2");
     EXPECT_EQ(second, "2");
     EXPECT_EQ(third, "");
+}
+
+TEST(TokenTable, TextsLeaveNothingBehindForTheNextOne) {
+    TokenTable table;
+    table.add("a", "`");
+    table.add("b", "2");
+    std::string first = "`a`x`b``b``b`";
+    std::string second = "`s`t`u`v`w`x`y`z`";
+    std::string third = "`b`";
+    table.replaceIn(first);
+    table.replaceIn(second);
+    table.replaceIn(third);
+    EXPECT_EQ(first, "`x222");
+    EXPECT_EQ(second, "`s`t`u`v`w`x`y`z`");
+    EXPECT_EQ(third, "2");
 }
 
 TEST(TokenTable, TwoThousandEntriesKeepTheirOrder) {
