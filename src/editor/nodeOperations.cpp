@@ -153,6 +153,7 @@ TreeChange deleteNode(HelpSession& session, Dialogs& dialogs) {
     // With names that are not unique the selected row can be another one than the element's.
     dom::Node* const rowAbove = session.selectedRow->parent();
     const dom::OwnedNode removed = session.articledoc->remove(*element);
+    session.currentnode = nullptr;  // nothing may point at it, even if selecting fails
     selectNode(session, rowAbove ? *rowAbove : parent);
     return {TreeChange::Kind::removed, nullptr, &parent};
 }

@@ -146,16 +146,16 @@ void changeColour(HelpSession& session, Side side, Dialogs& dialogs, OleTranslat
     session.panel.colourCaptions[at(side)] = colourCaption(text);
 }
 
-void clickStyle(HelpSession& session, int bit, bool ticked) {
+void clickStyle(HelpSession& session, int box, bool ticked) {
     NodePanel& panel = session.panel;
-    panel.style[at(bit)] = ticked;
+    panel.style[at(box)] = ticked;
     if (panel.loading) return;
     if (!session.currentnode) {
-        panel.style[at(bit)] = false;
+        panel.style[at(box)] = false;
         return;
     }
     // Added and subtracted as a number: a text that disagrees with the boxes carries over.
-    const int value = styleBits[at(bit)];
+    const int value = styleBits[at(box)];
     write(session, "style", std::to_string(sum16(session, "style", ticked ? value : -value)));
 }
 

@@ -52,8 +52,9 @@ void changeFontSize(HelpSession& session, int index);
 void moveGap(HelpSession& session, int index);
 void changeColour(HelpSession& session, Side side, Dialogs& dialogs,
                   OleTranslateColor translate = plainColour);
-/// `bit` is the box's index; the bit is added to or subtracted from the number.
-void clickStyle(HelpSession& session, int bit, bool ticked);
+/// `box` counts from 0 in the order of `styleBits`; its bit is added to or subtracted from the
+/// number.
+void clickStyle(HelpSession& session, int box, bool ticked);
 void clickHidden(HelpSession& session, Side side, bool ticked);
 void clickColumnBreak(HelpSession& session, bool ticked);
 void clickPageBreak(HelpSession& session, bool ticked);
