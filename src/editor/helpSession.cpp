@@ -212,9 +212,7 @@ void HelpSession::saveDocument() {
     pictures.drop();
     if (selectionGoes) currentnode = selectedRow = nullptr;
 
-    std::string saved = writeXml(*articledoc);
-    if (keep_ == Keep::savedText) lastsave = saved;
-    xmlText = std::move(saved);
+    if (keep_ == Keep::savedText) lastsave = xmlText = writeXml(*articledoc);
 }
 
 void HelpSession::refresh() {

@@ -38,15 +38,16 @@ public:
 
     /// Loads a document: everything that was there is gone first. A document whose shape is wrong
     /// gives the message for the user and leaves the session unloaded; a run-time error travels,
-    /// and leaves it unloaded too. `Keep::nothing` takes no `lastsave`, and `xmlText` only when
-    /// saving, for callers that only render or save: `changed` means nothing then.
+    /// and leaves it unloaded too. `Keep::nothing` sets neither `lastsave` nor `xmlText`, now or
+    /// when saving, for callers that only render or write the document out: `changed` means nothing
+    /// then.
     std::optional<Message> load(dom::Source source, Keep keep = Keep::savedText);
     /// `xmlText` stays, so that it can be fetched after the window has closed.
     void unload() noexcept;
     bool loaded() const noexcept { return articledoc != nullptr; }
 
     /// All or nothing: removes the generated picture, exports the formulas, and sets `xmlText` and
-    /// `lastsave` to the result.
+    /// `lastsave` to the result (see `Keep`).
     void saveDocument();
 
     /// Appends the marker of the selected row and saves, all or nothing.

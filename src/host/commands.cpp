@@ -21,6 +21,7 @@
 #include "platform/assets.h"
 #include "platform/error.h"
 #include "platform/text.h"
+#include "platform/xmlWriter.h"
 
 namespace tavisk {
 namespace {
@@ -63,10 +64,14 @@ public:
         } else {
             session.saveDocument();
         }
+        const auto document = [&session](const Files::Write& write) {
+            writeXml(*session.articledoc, write);
+        };
         if (line_.output && *line_.output != "-") {
-            writeOutputFile(files_, *line_.output, session.xmlText);
+            writeOutputFile(files_, *line_.output, document);
         } else {
-            writeResult(session.xmlText);
+            progress_.end();
+            writeStandardOutput(streams_.out, document);
         }
         return ExitCode::done;
     }

@@ -10,16 +10,26 @@ namespace tavisk {
 
 namespace fs = std::filesystem;
 
-void writeStandardOutput(std::ostream& out, std::string_view text) {
+void writeStandardOutput(std::ostream& out, const Produce& produce) {
     errno = 0;
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    const auto check = [&out] {
+        if (out) return;
+        const bool full = errno == ENOSPC || errno == EFBIG;
+        throw FileError(full ? ErrorNumber::diskFull : ErrorNumber::deviceError, "standard output");
+    };
+    produce([&](std::string_view text) {
+        out.write(text.data(), static_cast<std::streamsize>(text.size()));
+        check();
+    });
     out.flush();
-    if (out) return;
-    const bool full = errno == ENOSPC || errno == EFBIG;
-    throw FileError(full ? ErrorNumber::diskFull : ErrorNumber::deviceError, "standard output");
+    check();
 }
 
-void writeOutputFile(Files& files, const std::string& path, std::string_view text) {
+void writeStandardOutput(std::ostream& out, std::string_view text) {
+    writeStandardOutput(out, [text](const Files::Write& write) { write(text); });
+}
+
+void writeOutputFile(Files& files, const std::string& path, const Produce& produce) {
     std::error_code error;
     fs::path target = path;
     if (fs::is_symlink(target, error)) {
@@ -27,7 +37,7 @@ void writeOutputFile(Files& files, const std::string& path, std::string_view tex
         // is.
         if (fs::path behind = fs::canonical(target, error); !error) target = std::move(behind);
     }
-    files.replace(target.generic_string(), {text});
+    files.replaceBy(target.generic_string(), produce);
 }
 
 std::string absoluteFolder(const std::string& folder) {

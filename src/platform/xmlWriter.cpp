@@ -55,9 +55,12 @@ bool blockNeedsEscapes(const char* block, std::size_t length) {
     return any != 0;
 }
 
+using Write = std::function<void(std::string_view)>;
+
 class Writer {
 public:
-    explicit Writer(std::string& out) : out_(out) {}
+    /// With `handOn`, `out` is only what has gathered for it.
+    explicit Writer(std::string& out, const Write* handOn = nullptr) : out_(out), handOn_(handOn) {}
 
     void write(const Node& top) {
         const Node* node = &top;
@@ -105,7 +108,19 @@ private:
         if (node.isElement()) put("</"), put(node.nodeName()), put(">");
     }
 
-    void put(std::string_view text) { out_.append(text); }
+    static constexpr std::size_t enough = std::size_t{64} << 10;
+
+    void put(std::string_view text) {
+        if (handOn_ != nullptr && out_.size() + text.size() > enough) {
+            (*handOn_)(out_);
+            out_.clear();
+            if (text.size() > enough) {
+                (*handOn_)(text);
+                return;
+            }
+        }
+        out_.append(text);
+    }
 
     template <Place place>
     void escaped(std::string_view text) {
@@ -130,17 +145,27 @@ private:
     }
 
     std::string& out_;
+    const Write* handOn_;
 };
+
+constexpr std::string_view declaration = "<?xml version=\"1.0\"?>\r\n";
 
 }  // namespace
 
 std::string writeXml(const dom::Document& document) {
     std::string out;
     out.reserve(document.sizeHint() + document.sizeHint() / 16 + 64);
-    if (document.hasDeclaration()) out += "<?xml version=\"1.0\"?>\r\n";
+    if (document.hasDeclaration()) out += declaration;
     Writer(out).write(document.root());
     document.setSizeHint(out.size());
     return out;
+}
+
+void writeXml(const dom::Document& document, const Write& write) {
+    std::string out;
+    if (document.hasDeclaration()) out += declaration;
+    Writer(out, &write).write(document.root());
+    write(out);
 }
 
 std::string writeXml(const dom::Node& node) {

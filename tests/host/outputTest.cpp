@@ -19,6 +19,11 @@ namespace fs = std::filesystem;
 /// Takes nothing.
 class ClosedBuffer : public std::streambuf {};
 
+void fresh(const Files::Write& write) {
+    write("n");
+    write("ew");
+}
+
 TEST(Output, WritesBytesAsTheyAre) {
     std::ostringstream out;
     writeStandardOutput(out, "a\r\n\xC3\xA4");
@@ -41,7 +46,7 @@ TEST(Output, ReplacesTheFile) {
     const test::TemporaryFolder folder;
     folder.write("a.xml", "older and longer");
     DiskFiles files;
-    writeOutputFile(files, folder.path("a.xml"), "new");
+    writeOutputFile(files, folder.path("a.xml"), fresh);
     EXPECT_EQ(folder.read("a.xml"), "new");
 }
 
@@ -50,14 +55,14 @@ TEST(Output, ReplacesTheFileBehindALink) {
     folder.write("real.xml", "old");
     fs::create_symlink("real.xml", folder.path("link.xml"));
     DiskFiles files;
-    writeOutputFile(files, folder.path("link.xml"), "new");
+    writeOutputFile(files, folder.path("link.xml"), fresh);
     EXPECT_EQ(folder.read("real.xml"), "new");
     EXPECT_TRUE(fs::is_symlink(folder.path("link.xml")));
 }
 
 TEST(Output, WritesIntoADeviceAndLeavesItOne) {
     DiskFiles files;
-    EXPECT_EQ(test::errorOf([&] { writeOutputFile(files, "/dev/null", "new"); }), 0);
+    EXPECT_EQ(test::errorOf([&] { writeOutputFile(files, "/dev/null", fresh); }), 0);
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 

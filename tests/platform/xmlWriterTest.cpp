@@ -176,6 +176,22 @@ TEST(XmlWriter, TheDocumentRemembersTheSizeOfItsText) {
     EXPECT_EQ(document->sizeHint(), xml.size());
 }
 
+TEST(XmlWriter, PiecesAreTheWholeText) {
+    std::string xml = "<?xml version=\"1.0\"?>\r\n<a>";
+    for (int i = 0; i < 3000; ++i)
+        xml += "<b v=\"" + std::string(60, 'x') + "&lt;\"/>";
+    xml += std::string(200'000, 'y') + "&amp;</a>";
+    const auto document = parsed(xml);
+    std::string joined;
+    std::size_t pieces = 0;
+    writeXml(*document, [&](std::string_view piece) {
+        joined += piece;
+        ++pieces;
+    });
+    EXPECT_EQ(joined, xml);
+    EXPECT_GT(pieces, 4U);
+}
+
 TEST(XmlWriter, WhatWasWrittenIsReadAndWrittenTheSame) {
     std::mt19937 random(1);
     for (int i = 0; i < 2000; ++i) {
