@@ -8,6 +8,8 @@ namespace tavisk::dom {
 
 TreeBuilder::TreeBuilder(Document& document, Source source)
     : document_(document), current_(&document.root_) {
+    // Written again, a document is about as long as it was.
+    document_.setSizeHint(source.size);
     document_.source_ = std::move(source);
 }
 
