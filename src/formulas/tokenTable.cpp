@@ -4,9 +4,16 @@
 #include <functional>
 #include <utility>
 
+#include "platform/error.h"
 #include "platform/text.h"
 
 namespace tavisk {
+namespace {
+
+/// Bytes of all bodies between backquotes that became neighbours.
+constexpr std::size_t maxMergedSize = std::size_t{1} << 24;
+
+}  // namespace
 
 void TokenTable::add(std::string_view body, std::string replacement) {
     const auto index = static_cast<Index>(entries_.size());
@@ -54,6 +61,7 @@ TokenTable::Index TokenTable::find(std::string_view body, Index from) {
 
 void TokenTable::replaceIn(std::string& text) {
     if (entries_.empty() || text.find('`') == std::string::npos) return;
+    sizeLimit_ = std::max(maxReplacedSize, text.size() * 2);
     if (bodiesHoldBackquotes_ || !planReplacements(text)) {
         replaceEntryByEntry(text);
     } else if (changed_) {
@@ -62,11 +70,12 @@ void TokenTable::replaceIn(std::string& text) {
 }
 
 /// Works out on the backquotes what replaces what. False where a replacement brings backquotes of
-/// its own, so that only doing it tells.
+/// its own, so that only doing it tells, or where planning would cost too much.
 bool TokenTable::planReplacements(std::string_view text) {
     constexpr std::greater<> leastFirst;
     changed_ = false;
     merged_.clear();
+    mergedSize_ = 0;
     waiting_.clear();
     collectQuotes(text);
     for (Index open = 0; open + 1 < quotes_.size(); ++open)
@@ -80,6 +89,8 @@ bool TokenTable::planReplacements(std::string_view text) {
         if (entries_[token.entry].addsBackquotes) return false;
         take(token, text);
         changed_ = true;
+        // A very long name beside very many tokens: the bodies cost more than doing it.
+        if (mergedSize_ > maxMergedSize) return false;
     }
     return true;
 }
@@ -128,11 +139,13 @@ void TokenTable::take(const Candidate& token, std::string_view text) {
     if (left.next == none) return;
     const std::string& replacement = entries_[token.entry].replacement;
     const std::size_t length = left.gap + replacement.size() + last.gap;
+    if (length > sizeLimit_) raise(ErrorNumber::outOfMemory);
     // A body longer than every entry's matches nothing, and can only grow.
     if (length < lengths_.size()) {
         std::string body(bodyOf(left, text));
         body.append(replacement).append(bodyOf(last, text));
         left.merged = static_cast<Index>(merged_.size());
+        mergedSize_ += body.size();
         merged_.push_back(std::move(body));
     }
     left.gap = static_cast<Index>(length);
@@ -140,28 +153,49 @@ void TokenTable::take(const Candidate& token, std::string_view text) {
 }
 
 void TokenTable::assemble(std::string& text) {
-    assembled_.clear();
+    const std::string_view old = text;
     std::size_t from = 0;
+    assembled_.clear();
     for (Index i = 0; i < quotes_.size(); ++i) {
         const Quote& quote = quotes_[i];
         if (quote.entry == none) continue;
-        assembled_.append(text, from, quote.position - from);
-        assembled_.append(entries_[quote.entry].replacement);
+        put(old.substr(from, quote.position - from));
+        put(entries_[quote.entry].replacement);
         i = quote.partner;  // what was replaced between the two went with the token
         from = quotes_[i].position + std::size_t{1};
     }
-    assembled_.append(text, from);
-    text.swap(assembled_);
+    put(old.substr(from));
+    takeAssembled(text);
 }
 
-void TokenTable::replaceEntryByEntry(std::string& text) const {
+void TokenTable::replaceEntryByEntry(std::string& text) {
     std::string token;
     for (const Entry& entry : entries_) {
         token.assign("`").append(entry.body).append("`");
-        if (text.find(token) != std::string::npos) {
-            text = replaceAll(text, token, entry.replacement);
+        std::size_t at = text.find(token);
+        if (at == std::string::npos) continue;
+        const std::string_view old = text;
+        std::size_t from = 0;
+        assembled_.clear();
+        for (; at != std::string::npos; at = old.find(token, from)) {
+            put(old.substr(from, at - from));
+            put(entry.replacement);
+            from = at + token.size();
         }
+        put(old.substr(from));
+        takeAssembled(text);
     }
+}
+
+void TokenTable::put(std::string_view part) {
+    if (part.size() > sizeLimit_ - assembled_.size()) raise(ErrorNumber::outOfMemory);
+    assembled_ += part;
+}
+
+void TokenTable::takeAssembled(std::string& text) {
+    if (assembled_.size() > maxCount) replacedTotal_ += assembled_.size();
+    if (replacedTotal_ > maxReplacedTotal) raise(ErrorNumber::outOfMemory);
+    text.swap(assembled_);
 }
 
 }  // namespace tavisk

@@ -10,6 +10,12 @@
 
 namespace tavisk {
 
+/// How far replacing may make a text grow, unless it was about as long already, and how much all
+/// texts of one table beyond the usual length may come to, in bytes: replacements that hold tokens
+/// of later entries multiply without end.
+inline constexpr std::size_t maxReplacedSize = std::size_t{1} << 26;
+inline constexpr std::size_t maxReplacedTotal = std::size_t{1} << 30;
+
 /// Replaces, for each entry in the order of adding, every occurrence of backquote, body, backquote
 /// by the entry's replacement. The result is that of doing so entry by entry over the whole text;
 /// the time does not depend on the number of entries, unless a body or a replacement in use holds
@@ -18,7 +24,8 @@ class TokenTable {
 public:
     void add(std::string_view body, std::string replacement);
 
-    /// Uses working memory of the table: one text at a time.
+    /// Uses working memory of the table: one text at a time. Error 7 beyond `maxReplacedSize` and
+    /// `maxReplacedTotal`; `text` is unspecified then.
     void replaceIn(std::string& text);
 
 private:
@@ -67,7 +74,9 @@ private:
     void offer(Index open, Index fromEntry, std::string_view text);
     void take(const Candidate& token, std::string_view text);
     void assemble(std::string& text);
-    void replaceEntryByEntry(std::string& text) const;
+    void replaceEntryByEntry(std::string& text);
+    void put(std::string_view part);
+    void takeAssembled(std::string& text);
 
     std::vector<Entry> entries_;
     std::vector<Slot> slots_;
@@ -76,8 +85,11 @@ private:
 
     std::vector<Quote> quotes_;
     std::vector<std::string> merged_;
+    std::size_t mergedSize_ = 0;
     std::vector<Candidate> waiting_;  ///< a heap, the least first
     std::string assembled_;
+    std::size_t sizeLimit_ = maxReplacedSize;
+    std::size_t replacedTotal_ = 0;
     bool changed_ = false;
 };
 

@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "support/errors.h"
+
 namespace tavisk {
 namespace {
 
@@ -212,6 +214,56 @@ TEST(TokenTable, TwoThousandEntriesKeepTheirOrder) {
     std::string up = "`n0`";
     table.replaceIn(up);
     EXPECT_EQ(up, "`n2000`");
+}
+
+TEST(TokenTable, LongRowsOfReplacementsMakeALateToken) {
+    TokenTable table;
+    std::string late;
+    std::string text = "x`";
+    for (int i = 0; i < 20000; ++i) {
+        text += "`a`";
+        late += "v";
+    }
+    text += "`y";
+    table.add("a", "v");
+    table.add(late, "late");
+    table.replaceIn(text);
+    EXPECT_EQ(text, "xlatey");
+}
+
+TEST(TokenTable, ReplacementsThatMultiplyEndInError7) {
+    TokenTable table;
+    for (char name = 'a'; name < 'z'; ++name) {
+        const std::string next{'`', static_cast<char>(name + 1), '`'};
+        std::string tenTimes;
+        for (int i = 0; i < 10; ++i)
+            tenTimes += next;
+        table.add(std::string(1, name), tenTimes);
+    }
+    table.add("z", "");
+    std::string text = "`a`";
+    EXPECT_EQ(test::errorOf([&] { table.replaceIn(text); }), 7);
+}
+
+TEST(TokenTable, LongReplacementsThatComeTooOftenEndInError7) {
+    TokenTable table;
+    table.add("a", std::string(1 << 20, 'v'));
+    std::string text;
+    for (int i = 0; i < 65; ++i)
+        text += "`a`";
+    EXPECT_EQ(test::errorOf([&] { table.replaceIn(text); }), 7);
+}
+
+TEST(TokenTable, TooManyLongTextsEndInError7) {
+    TokenTable table;
+    table.add("a", "`b``b``b``b``b``b``b``b``b``b`");
+    table.add("b", std::string(1 << 20, 'v'));
+    int error = 0;
+    for (int i = 0; i < 1000 && error == 0; ++i) {
+        std::string text = "`a`";
+        error = test::errorOf([&] { table.replaceIn(text); });
+    }
+    EXPECT_EQ(error, 7);
 }
 
 }  // namespace
