@@ -166,6 +166,17 @@ std::u16string utf16Of(const std::string& text) {
     return result;
 }
 
+std::vector<std::size_t> byteOffsetsOf(const std::u16string& text) {
+    std::vector<std::size_t> offsets{0};
+    for (const char16_t c : text) {
+        const bool high = c >= 0xD800 && c < 0xDC00;
+        const bool low = c >= 0xDC00 && c < 0xE000;
+        const std::size_t size = low ? 0 : high ? 4 : c < 0x80 ? 1 : c < 0x800 ? 2 : 3;
+        offsets.push_back(offsets.back() + size);
+    }
+    return offsets;
+}
+
 std::string codePage1252Of(const std::u16string& text) {
     // Bytes 80 to 9F; 0 where the code page has no character.
     static constexpr char16_t high[32] = {

@@ -1,7 +1,9 @@
 // The reference's own text helpers: conversion, replacing, reading numbers.
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "platform/error.h"
 
@@ -42,6 +44,9 @@ std::u16string decimal(int number);
 std::string utf8Of(const std::u16string& text);
 /// `text` is valid UTF-8.
 std::u16string utf16Of(const std::string& text);
+
+/// Where each code unit, and the end of the text, lie in the text's UTF-8.
+std::vector<std::size_t> byteOffsetsOf(const std::u16string& text);
 
 /// One byte per character; a character that code page 1252 lacks is a failure.
 std::string codePage1252Of(const std::u16string& text);

@@ -76,18 +76,6 @@ std::string scanned(const Text& text) {
     return lines;
 }
 
-/// Where each code unit, and the end of the text, lie in the text's UTF-8.
-std::vector<std::size_t> byteOffsets(const std::u16string& text) {
-    std::vector<std::size_t> offsets{0};
-    for (const char16_t c : text) {
-        const bool high = c >= 0xD800 && c < 0xDC00;
-        const bool low = c >= 0xDC00 && c < 0xE000;
-        const std::size_t size = low ? 0 : high ? 4 : c < 0x80 ? 1 : c < 0x800 ? 2 : 3;
-        offsets.push_back(offsets.back() + size);
-    }
-    return offsets;
-}
-
 std::string randomNumberText(Random& random) {
     static const std::vector<std::string> parts{" ", "\t", "\n", "+", "-",   ".",  "e", "E", "0",
                                                 "1", "5",  "25", "9", "327", "68", "x", ","};
@@ -141,7 +129,7 @@ TEST(TokenDifferential, ColourRunsOfUtf8) {
         return compareTexts(
             document, [](const std::string& text) { return scanned(text); },
             [](const std::u16string& text) {
-                const std::vector<std::size_t> bytes = byteOffsets(text);
+                const std::vector<std::size_t> bytes = byteOffsetsOf(text);
                 std::string lines;
                 for (const PlainRun& run : colourRuns(text)) {
                     const std::size_t start = bytes[static_cast<std::size_t>(run.start)];
