@@ -15,6 +15,7 @@
 
 #include "platform/text.h"
 #include "platform/treeBuilder.h"
+#include "platform/xmlTagLimit.h"
 
 namespace tavisk {
 namespace {
@@ -89,6 +90,8 @@ private:
             record("The text contains a NUL character", lineAt(bad));
         } else if ((bad = findInvalidUtf8(source_)) != std::string_view::npos) {
             record("The text is not valid Unicode", lineAt(bad));
+        } else if ((bad = findOvergrownTag(source_)) != std::string_view::npos) {
+            record("More than 65,535 attributes in one element", lineAt(bad));
         } else if (source_.empty()) {
             record("The document is empty", 1);
         } else if (source_.size() >= INT_MAX) {

@@ -1,0 +1,33 @@
+#include "platform/xmlTagLimit.h"
+
+namespace tavisk {
+namespace {
+
+constexpr std::size_t shortestAttribute = std::string_view(" a=''").size();
+
+/// `tag` begins behind its "<" and may go on behind its end.
+bool isOvergrown(std::string_view tag) noexcept {
+    std::size_t count = 0;
+    std::size_t at = tag.find_first_of("\"'>");
+    while (at != std::string_view::npos && tag[at] != '>') {
+        if (++count > maxAttributes) return true;
+        at = tag.find(tag[at], at + 1);
+        if (at != std::string_view::npos) at = tag.find_first_of("\"'>", at + 1);
+    }
+    return false;
+}
+
+}  // namespace
+
+std::size_t findOvergrownTag(std::string_view xml) noexcept {
+    std::size_t at = xml.find('<');
+    while (at != std::string_view::npos) {
+        const std::size_t next = xml.find('<', at + 1);
+        const std::string_view stretch = xml.substr(at + 1, next - at - 1);
+        if (stretch.size() > maxAttributes * shortestAttribute && isOvergrown(stretch)) return at;
+        at = next;
+    }
+    return std::string_view::npos;
+}
+
+}  // namespace tavisk

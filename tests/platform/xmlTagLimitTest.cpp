@@ -1,0 +1,46 @@
+#include "platform/xmlTagLimit.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+#include "platform/xmlReader.h"
+
+namespace tavisk {
+namespace {
+
+std::string tagWith(std::size_t attributes, const std::string& end = "/>") {
+    std::string xml = "<a";
+    for (std::size_t i = 0; i < attributes; ++i)
+        xml += " a" + std::to_string(i) + (i % 2 == 0 ? "='>'" : "=\"'\"");
+    return xml + end;
+}
+
+TEST(XmlTagLimit, MostAttributesAllowed) {
+    EXPECT_EQ(findOvergrownTag(tagWith(maxAttributes)), std::string_view::npos);
+}
+
+TEST(XmlTagLimit, OneMoreIsFound) {
+    EXPECT_EQ(findOvergrownTag("<b>\n" + tagWith(maxAttributes + 1)), 4U);
+}
+
+TEST(XmlTagLimit, TextBehindTheTagDoesNotCount) {
+    std::string text;
+    for (std::size_t i = 0; i <= maxAttributes; ++i)
+        text += "'text'";
+    EXPECT_EQ(findOvergrownTag("<a b='c'>" + text + "</a>"), std::string_view::npos);
+}
+
+TEST(XmlTagLimit, TagsThatDoNotEndAreLeftToTheParser) {
+    EXPECT_EQ(findOvergrownTag("<a b='" + std::string(500'000, 'x')), std::string_view::npos);
+    EXPECT_EQ(findOvergrownTag(tagWith(maxAttributes, "")), std::string_view::npos);
+}
+
+TEST(XmlTagLimit, ReaderRefusesWithLine) {
+    const ParseResult result = readXml("<b>\n" + tagWith(maxAttributes + 1) + "</b>");
+    EXPECT_FALSE(result.document);
+    EXPECT_EQ(result.reason, "More than 65,535 attributes in one element");
+    EXPECT_EQ(result.line, 2);
+}
+
+}  // namespace
+}  // namespace tavisk
