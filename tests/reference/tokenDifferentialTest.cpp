@@ -42,13 +42,21 @@ std::string compareTexts(const TestDocument& document, Is is, Expected expected)
     return {};
 }
 
-FormulaCatalogue catalogueOf(const PlainNode& document) {
+FormulaCatalogue catalogueOf(const std::vector<PlainFormula>& formulas) {
     FormulaCatalogue catalogue;
-    for (const PlainFormula& formula : loadFormulas(document)) {
+    for (const PlainFormula& formula : formulas) {
         catalogue.add({utf8Of(formula.name), utf8Of(formula.value), utf8Of(formula.description),
                        formula.standard});
     }
     return catalogue;
+}
+
+std::u16string randomLetters(Random& random, const std::u16string& letters, std::size_t below) {
+    std::u16string text;
+    for (std::size_t left = random.below(below); left > 0; --left) {
+        text += letters[random.below(letters.size())];
+    }
+    return text;
 }
 
 /// Runs as one line, so that all kinds of them compare alike.
@@ -144,7 +152,7 @@ TEST(TokenDifferential, ColourRunsOfUtf8) {
 TEST(TokenDifferential, Formulaparse) {
     forEachRandomDocument([](const TestDocument& document) {
         const std::vector<PlainFormula> formulas = loadFormulas(document.plain);
-        const FormulaCatalogue catalogue = catalogueOf(document.plain);
+        const FormulaCatalogue catalogue = catalogueOf(formulas);
         FormulaParser parser(catalogue);
         return compareTexts(
             document,
@@ -154,6 +162,27 @@ TEST(TokenDifferential, Formulaparse) {
             },
             [&](const std::u16string& text) { return utf8Of(formulaparse(text, formulas)); });
     });
+}
+
+// Few letters, so that what one entry leaves behind is often the token of another one.
+TEST(TokenDifferential, FormulaparseOfFewLetters) {
+    const std::uint64_t first = numberFromEnvironment("TAVISK_SEED", 1);
+    const std::uint64_t count = numberFromEnvironment("TAVISK_RANDOM_DOCUMENTS", 20000);
+    for (std::uint64_t seed = first; seed < first + count; ++seed) {
+        Random random(seed);
+        const bool oddNames = random.chance(20);
+        const bool oddValues = random.chance(40);
+        std::vector<PlainFormula> formulas(1 + random.below(8));
+        for (PlainFormula& formula : formulas) {
+            formula.name = randomLetters(random, oddNames ? u"aab`" : u"ab", 4);
+            formula.value = randomLetters(random, oddValues ? u"aabb`" : u"ab", 4);
+        }
+        const std::u16string text = randomLetters(random, u"```abab~", 30);
+        const std::string utf8 = utf8Of(text);
+        ASSERT_EQ(tavisk::formulaparse(utf8, catalogueOf(formulas)),
+                  utf8Of(formulaparse(text, formulas)))
+            << "TAVISK_SEED=" << seed << " text [" << utf8 << "]";
+    }
 }
 
 TEST(TokenDifferential, Imageparse) {
