@@ -5,11 +5,17 @@ namespace {
 
 constexpr std::size_t shortestAttribute = std::string_view(" a=''").size();
 
-/// `tag` begins behind its "<" and may go on behind its end.
+bool followsEqualsSign(std::string_view tag, std::size_t quote) noexcept {
+    const std::size_t before = tag.substr(0, quote).find_last_not_of(" \t\r\n");
+    return before != std::string_view::npos && tag[before] == '=';
+}
+
+/// `tag` begins behind its "<" and may go on behind its end. In a comment it may be any text.
 bool isOvergrown(std::string_view tag) noexcept {
     std::size_t count = 0;
     std::size_t at = tag.find_first_of("\"'>");
     while (at != std::string_view::npos && tag[at] != '>') {
+        if (!followsEqualsSign(tag, at)) return false;
         if (++count > maxAttributes) return true;
         at = tag.find(tag[at], at + 1);
         if (at != std::string_view::npos) at = tag.find_first_of("\"'>", at + 1);

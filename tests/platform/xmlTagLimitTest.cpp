@@ -30,6 +30,20 @@ TEST(XmlTagLimit, TextBehindTheTagDoesNotCount) {
     EXPECT_EQ(findOvergrownTag("<a b='c'>" + text + "</a>"), std::string_view::npos);
 }
 
+TEST(XmlTagLimit, QuotesInCommentsDoNotCount) {
+    std::string text = "<!-- 1 < 2 ";
+    for (std::size_t i = 0; i <= maxAttributes; ++i)
+        text += "'text', ";
+    EXPECT_EQ(findOvergrownTag(text), std::string_view::npos);
+}
+
+TEST(XmlTagLimit, BlanksAroundTheEqualsSignDoNotHide) {
+    std::string tag = "<a";
+    for (std::size_t i = 0; i <= maxAttributes; ++i)
+        tag += " a =\n''";
+    EXPECT_EQ(findOvergrownTag(tag), 0U);
+}
+
 TEST(XmlTagLimit, TagsThatDoNotEndAreLeftToTheParser) {
     EXPECT_EQ(findOvergrownTag("<a b='" + std::string(500'000, 'x')), std::string_view::npos);
     EXPECT_EQ(findOvergrownTag(tagWith(maxAttributes, "")), std::string_view::npos);
