@@ -1,5 +1,6 @@
 #include "document/xmlParse.h"
 
+#include <array>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -122,6 +123,36 @@ TEST(GetAttributeValue, FindsAMatchBeforeTheCounterOverflows) {
     EXPECT_EQ(GetAttributeValue(document->lastChild(), "a0", "default"), "0");
     EXPECT_EQ(GetAttributeValue(document->lastChild(), "a32767", "default"), "32767");
     EXPECT_EQ(errorOf([&] { GetAttributeValue(document->lastChild(), "a32768", "default"); }), 6);
+}
+
+TEST(GetAttributeValues, GiveWhatReadingOneByOneGives) {
+    const auto document = parsed("<r xmlns:p='u' c='3' p:a='1' a='2' p:c='4' e=''/>");
+    const dom::Node* r = document->lastChild();
+    const std::array<AttributeDefault, 5> wanted{
+        {{"a", "x"}, {"b", "y"}, {"c", "z"}, {"A", "v"}, {"e", "w"}}};
+    const auto values = GetAttributeValues(r->attributes(), wanted);
+    EXPECT_EQ(values, (std::array<std::string_view, 5>{"1", "y", "3", "v", ""}));
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        EXPECT_EQ(values[i], GetAttributeValue(r, wanted[i].name, wanted[i].defaultValue));
+}
+
+TEST(GetAttributeValues, OverflowWhenOneOfThemIsNotFoundInTime) {
+    const auto document = withAttributes(32769);
+    const auto errorFor = [&](std::string_view second) {
+        return errorOf([&] {
+            GetAttributeValues(document->lastChild()->attributes(),
+                               std::array<AttributeDefault, 2>{{{"a0", ""}, {second, ""}}});
+        });
+    };
+    EXPECT_EQ(errorFor("a32767"), 0);
+    EXPECT_EQ(errorFor("a32768"), 6);
+    EXPECT_EQ(errorFor("none"), 6);
+}
+
+TEST(GetAttributeValues, PassWithoutAMatchUpTo32767Attributes) {
+    const auto document = withAttributes(32767);
+    const std::array<AttributeDefault, 1> wanted{{{"none", "default"}}};
+    EXPECT_EQ(GetAttributeValues(document->lastChild()->attributes(), wanted)[0], "default");
 }
 
 TEST(SetAttributeValue, AMissingAttributeGoesLast) {

@@ -202,6 +202,37 @@ TEST_F(DiskFiles, ReplaceWritesThePartsOneAfterTheOther) {
     EXPECT_EQ(count(), 1);
 }
 
+TEST_F(DiskFiles, ReplaceByWritesWhatIsProducedPieceByPiece) {
+    put("a", "something longer");
+    files.replaceBy(path("a"), [](const Files::Write& write) {
+        for (const char* piece : {"one", "", " two"})
+            write(piece);
+    });
+    EXPECT_EQ(bytesOf("a"), "one two");
+    EXPECT_EQ(count(), 1);
+}
+
+TEST_F(DiskFiles, TheOldFileIsThereWhileTheNewOneIsProduced) {
+    put("a", "old");
+    files.replaceBy(path("a"), [&](const Files::Write& write) {
+        write(bytesOf("a") + " and new");
+        EXPECT_EQ(bytesOf("a"), "old");
+    });
+    EXPECT_EQ(bytesOf("a"), "old and new");
+}
+
+TEST_F(DiskFiles, AFailingProducerLeavesTheOldFile) {
+    put("a", "old");
+    const auto fail = [](const Files::Write& write) {
+        write("half");
+        raise(ErrorNumber::invalidArgument);
+    };
+    EXPECT_EQ(errorOf([&] { files.replaceBy(path("a"), fail); }), 5);
+    EXPECT_EQ(errorOf([&] { files.replaceBy(path("b"), fail); }), 5);
+    EXPECT_EQ(bytesOf("a"), "old");
+    EXPECT_EQ(count(), 1);
+}
+
 TEST_F(DiskFiles, ReplaceLeavesNothingOfALongerFile) {
     put("a", "something longer");
     files.replace(path("a"), {"new"});
