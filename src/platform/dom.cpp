@@ -230,7 +230,8 @@ void Document::link(Node& parent, Node* child, Node* before) noexcept {
 }
 
 void Document::unlink(Node& child) noexcept {
-    Node& parent = *child.parent_;
+    // A child has a parent, which the analyzer cannot know of a first or last child.
+    Node& parent = *child.parent_;  // NOLINT(clang-analyzer-core.NullDereference)
     (child.previous_ != nullptr ? child.previous_->next_ : parent.first_) = child.next_;
     (child.next_ != nullptr ? child.next_->previous_ : parent.last_) = child.previous_;
     child.parent_ = child.previous_ = child.next_ = nullptr;

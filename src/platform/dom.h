@@ -190,7 +190,7 @@ private:
     friend class TreeBuilder;
 
     Node* newNode(NodeType type, const Name* name);
-    void freeTree(Node* node) noexcept;
+    void freeTree(Node* top) noexcept;
     void freeNode(Node* node) noexcept;
     const Name* newName(std::string_view qualified);
     const Name* intern(std::string_view qualified);

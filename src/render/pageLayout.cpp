@@ -117,9 +117,8 @@ private:
 
     void gaps(double count) {
         if (!(count > 0)) return;
-        if (count > static_cast<double>(maxPageSize / gapRow.size())) {
-            raise(ErrorNumber::outOfMemory);
-        }
+        constexpr std::size_t most = maxPageSize / gapRow.size();
+        if (count > static_cast<double>(most)) raise(ErrorNumber::outOfMemory);
         for (auto left = static_cast<std::size_t>(count); left > 0; --left) {
             html_ += gapRow;
             if (html_.size() >= enough) passOn();
