@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/text.h"
+
 namespace tavisk {
 namespace {
 
@@ -25,8 +27,6 @@ constexpr std::array<std::array<std::uint32_t, 256>, 4> digitTables = [] {
     }
     return tables;
 }();
-
-constexpr bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
 char byteOf(std::uint32_t group, int shift) { return static_cast<char>(group >> shift & 0xFF); }
 

@@ -1,9 +1,9 @@
 #include "platform/codePage1252.h"
 
 #include <array>
-#include <cstdint>
 
 #include "platform/error.h"
+#include "platform/text.h"
 
 namespace tavisk {
 namespace {
@@ -24,41 +24,6 @@ unsigned byteFor(char32_t c) noexcept {
     return 0;
 }
 
-/// Reads one character above 0x7F of valid UTF-8; `length` is its bytes. Characters beyond the
-/// basic plane all read as the first of them: no byte stands for any.
-char32_t wideCharacter(std::string_view text, std::size_t at, std::size_t& length) noexcept {
-    const auto byte = [&](std::size_t i) {
-        return static_cast<char32_t>(static_cast<unsigned char>(text[at + i]));
-    };
-    const char32_t first = byte(0);
-    if (first < 0xE0) {
-        length = 2;
-        return (first & 0x1F) << 6 | (byte(1) & 0x3F);
-    }
-    if (first < 0xF0) {
-        length = 3;
-        return (first & 0x0F) << 12 | (byte(1) & 0x3F) << 6 | (byte(2) & 0x3F);
-    }
-    length = 4;
-    return 0x10000;
-}
-
-/// End of the ASCII run that begins at `at`.
-std::size_t asciiEnd(std::string_view text, std::size_t at) noexcept {
-    constexpr std::size_t block = 64;
-    while (at + block <= text.size()) {
-        unsigned char any = 0;
-        for (std::size_t i = 0; i < block; ++i) {
-            any = static_cast<unsigned char>(any | static_cast<unsigned char>(text[at + i]));
-        }
-        if (any >= 0x80) break;
-        at += block;
-    }
-    while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80)
-        ++at;
-    return at;
-}
-
 }  // namespace
 
 void encodeCodePage1252(std::string& text) {
@@ -70,11 +35,9 @@ void encodeCodePage1252(std::string& text) {
         to += end - at;
         at = end;
         if (at == text.size()) break;
-        std::size_t length = 0;
-        const unsigned byte = byteFor(wideCharacter(text, at, length));
+        const unsigned byte = byteFor(nextCharacter(text, at));
         if (byte == 0) raise(ErrorNumber::invalidArgument);
         text[to++] = static_cast<char>(byte);
-        at += length;
     }
     text.resize(to);
 }
@@ -82,9 +45,8 @@ void encodeCodePage1252(std::string& text) {
 std::size_t findOutsideCodePage1252(std::string_view utf8) noexcept {
     std::size_t at = 0;
     while ((at = asciiEnd(utf8, at)) < utf8.size()) {
-        std::size_t length = 0;
-        if (byteFor(wideCharacter(utf8, at, length)) == 0) return at;
-        at += length;
+        const std::size_t character = at;
+        if (byteFor(nextCharacter(utf8, at)) == 0) return character;
     }
     return std::string_view::npos;
 }

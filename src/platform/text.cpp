@@ -11,7 +11,6 @@
 namespace tavisk {
 namespace {
 
-constexpr bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 constexpr bool isContinuation(unsigned char c) { return (c & 0xC0) == 0x80; }
@@ -40,22 +39,6 @@ std::size_t sequenceLength(std::string_view text, std::size_t at) noexcept {
         return 4;
     }
     return 0;
-}
-
-/// Bytes from `at` on that are ASCII, counted in whole blocks where possible.
-std::size_t skipAscii(std::string_view text, std::size_t at) noexcept {
-    constexpr std::size_t block = 32;
-    while (at + block <= text.size()) {
-        unsigned char any = 0;
-        for (std::size_t i = 0; i < block; ++i) {
-            any = static_cast<unsigned char>(any | static_cast<unsigned char>(text[at + i]));
-        }
-        if (any >= 0x80) break;
-        at += block;
-    }
-    while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80)
-        ++at;
-    return at;
 }
 
 /// The extent of a number at the start of `text`: sign, digits with fraction, exponent. 0 if none.
@@ -179,11 +162,38 @@ void checkTextLength(std::string_view utf8) {
     if (utf8.size() > maxCount) checkedCount(utf16Length(utf8));
 }
 
-bool isAscii(std::string_view text) noexcept { return skipAscii(text, 0) == text.size(); }
+std::size_t asciiEnd(std::string_view text, std::size_t at) noexcept {
+    // Whole blocks first: a compiler makes vectors of the inner loop.
+    constexpr std::size_t block = 64;
+    while (at + block <= text.size()) {
+        unsigned char any = 0;
+        for (std::size_t i = 0; i < block; ++i) {
+            any = static_cast<unsigned char>(any | static_cast<unsigned char>(text[at + i]));
+        }
+        if (any >= 0x80) break;
+        at += block;
+    }
+    while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80)
+        ++at;
+    return at;
+}
+
+char32_t nextCharacter(std::string_view utf8, std::size_t& at) noexcept {
+    const auto byte = [&] { return static_cast<char32_t>(static_cast<unsigned char>(utf8[at++])); };
+    const char32_t first = byte();
+    if (first < 0x80) return first;
+    const int more = first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
+    char32_t c = first & (0x3FU >> more);
+    for (int i = 0; i < more; ++i)
+        c = c << 6 | (byte() & 0x3F);
+    return c;
+}
+
+bool isAscii(std::string_view text) noexcept { return asciiEnd(text, 0) == text.size(); }
 
 std::size_t findInvalidUtf8(std::string_view text) noexcept {
     std::size_t at = 0;
-    while ((at = skipAscii(text, at)) < text.size()) {
+    while ((at = asciiEnd(text, at)) < text.size()) {
         const std::size_t length = sequenceLength(text, at);
         if (length == 0) return at;
         at += length;
@@ -206,28 +216,16 @@ std::u16string toUtf16(std::string_view utf8) {
     std::size_t to = 0;
     std::size_t at = 0;
     while (at < utf8.size()) {
-        const std::size_t end = skipAscii(utf8, at);
+        const std::size_t end = asciiEnd(utf8, at);
         for (; at < end; ++at)
             out[to++] = static_cast<unsigned char>(utf8[at]);
         if (at == utf8.size()) break;
-        const auto byte = [&](std::size_t i) {
-            return static_cast<char32_t>(static_cast<unsigned char>(utf8[at + i]));
-        };
-        const char32_t first = byte(0);
-        if (first < 0xE0) {
-            out[to++] = static_cast<char16_t>((first & 0x1F) << 6 | (byte(1) & 0x3F));
-            at += 2;
-        } else if (first < 0xF0) {
-            out[to++] = static_cast<char16_t>((first & 0x0F) << 12 | (byte(1) & 0x3F) << 6 |
-                                              (byte(2) & 0x3F));
-            at += 3;
+        const char32_t c = nextCharacter(utf8, at);
+        if (c < 0x10000) {
+            out[to++] = static_cast<char16_t>(c);
         } else {
-            const char32_t point = ((first & 0x07) << 18 | (byte(1) & 0x3F) << 12 |
-                                    (byte(2) & 0x3F) << 6 | (byte(3) & 0x3F)) -
-                                   0x10000;
-            out[to++] = static_cast<char16_t>(0xD800 + (point >> 10));
-            out[to++] = static_cast<char16_t>(0xDC00 + (point & 0x3FF));
-            at += 4;
+            out[to++] = static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10));
+            out[to++] = static_cast<char16_t>(0xDC00 + (c & 0x3FF));
         }
     }
     out.resize(to);

@@ -20,7 +20,16 @@ std::size_t checkedCount(std::size_t count);
 /// Throws error 6 when `utf8` is longer than `maxCount` UTF-16 code units.
 void checkTextLength(std::string_view utf8);
 
+/// Space, tab, line feed, carriage return.
+constexpr bool isBlank(char c) noexcept { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
 bool isAscii(std::string_view text) noexcept;
+
+/// End of the run of ASCII characters that begins at `at`.
+std::size_t asciiEnd(std::string_view text, std::size_t at) noexcept;
+
+/// The character of valid UTF-8 that begins at `at`, which moves behind it.
+char32_t nextCharacter(std::string_view utf8, std::size_t& at) noexcept;
 
 /// Byte offset of the first sequence that is not UTF-8 (overlong forms and surrogates included), or
 /// npos when all of it is.

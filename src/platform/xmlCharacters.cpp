@@ -30,18 +30,6 @@ bool inAny(const Ranges& ranges, char32_t c) {
     return std::ranges::any_of(ranges, [c](const Range& r) { return c >= r.first && c <= r.last; });
 }
 
-/// Reads one character of valid UTF-8 and moves `at` behind it.
-char32_t nextCharacter(std::string_view text, std::size_t& at) {
-    const auto byte = [&] { return static_cast<char32_t>(static_cast<unsigned char>(text[at++])); };
-    const char32_t first = byte();
-    if (first < 0x80) return first;
-    const int more = first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
-    char32_t c = first & (0x3FU >> more);
-    for (int i = 0; i < more; ++i)
-        c = c << 6 | (byte() & 0x3F);
-    return c;
-}
-
 constexpr bool isForbiddenControl(unsigned char c) {
     return c < 0x20 && c != '\t' && c != '\n' && c != '\r';
 }

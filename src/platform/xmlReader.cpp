@@ -38,8 +38,6 @@ std::string_view view(const xmlChar* from, const xmlChar* to) {
     return {reinterpret_cast<const char*>(from), static_cast<std::size_t>(to - from)};
 }
 
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-
 std::size_t skipBlanks(std::string_view text, std::size_t at) {
     while (at < text.size() && isBlank(text[at]))
         ++at;
