@@ -46,7 +46,7 @@ std::size_t skipBlanks(std::string_view text, std::size_t at) {
 
 std::string oneLine(std::string_view message) {
     std::string line(message);
-    std::ranges::replace(line, '\n', ' ');
+    std::ranges::replace_if(line, isBlank, ' ');
     while (!line.empty() && isBlank(line.back()))
         line.pop_back();
     return line;

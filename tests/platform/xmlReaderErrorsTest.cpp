@@ -69,6 +69,10 @@ TEST(XmlReaderErrors, TheReasonSaysWhatIsWrong) {
     EXPECT_NE(reasonOf("<a></b>").find("mismatch"), std::string::npos);
 }
 
+TEST(XmlReaderErrors, ALineBreakInTheDocumentIsNoneInTheReason) {
+    EXPECT_EQ(errorLine("<a xmlns:p='u&#13;&#10;v' xmlns:q='u&#13;&#10;v' p:x='' q:x=''/>"), 1);
+}
+
 TEST(XmlReaderErrors, ContentBehindTheDocumentElementIsRefused) {
     EXPECT_EQ(errorLine("<a/>\n<b/>"), 2);
     EXPECT_EQ(errorLine("<a/>\ntext"), 2);
