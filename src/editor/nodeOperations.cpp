@@ -90,6 +90,8 @@ void selectAgain(HelpSession& session, const std::string& key) {
 dom::OwnedNode copyWithName(dom::Document& document, const dom::Node& element,
                             std::string_view name) {
     dom::OwnedNode copy = document.createElement(elementName(name));
+    // A text or comment has no attributes to walk; a copy would lose what it says.
+    if (!element.isElement()) raise(ErrorNumber::objectNotSet);
     for (const dom::Attribute& attribute : element.attributes())
         document.addAttribute(*copy, attribute.name(), attribute.text());
     for (const dom::Node* child = element.firstChild(); child; child = child->next())

@@ -37,7 +37,7 @@ inline constexpr int moveToTop = 10000;
 inline constexpr int moveToBottom = -10000;
 
 /// A new element, outside the tree, under the element name of `name`, with copies of all attributes
-/// and children of `element`. Error 5 when that is no XML name.
+/// and children of `element`. Error 5 when that is no XML name, 91 when `element` is none.
 dom::OwnedNode copyWithName(dom::Document& document, const dom::Node& element,
                             std::string_view name);
 

@@ -251,6 +251,16 @@ TEST(NodeOperations, CopiedTextRowCannotBePasted) {
     EXPECT_EQ(editor.tree(), "<cabinet><a/>words</cabinet>");
 }
 
+TEST(NodeOperations, CopiedTextRowCannotBePastedUnderAnotherNameEither) {
+    EditorSession editor("<a/>words");
+    selectNode(editor.session, *editor.session.baseXMLNode->lastChild());
+    copyNode(editor.session);
+    editor.select("cabinet");
+    editor.dialogs.expectPrompt(pastePrompt, pasteTitle, "", "b");
+    EXPECT_EQ(errorOf([&] { pasteNode(editor.session, editor.dialogs); }), 91);
+    EXPECT_EQ(editor.tree(), "<cabinet><a/>words</cabinet>");
+}
+
 TEST(NodeOperations, CutCopiesAndDeletes) {
     EditorSession editor("<a><x/></a><b/>");
     editor.dialogs.expectBox(withChildren, Answer::ok);

@@ -196,6 +196,14 @@ TEST(NodeOperations, RenamingToNoXmlNameIsError5AndNothingChanges) {
     EXPECT_EQ(editor.selectedKey(), "cabinet=>a");
 }
 
+TEST(NodeOperations, RenamingATextRowIsError91AndTheTextStays) {
+    EditorSession editor("<a/>words");
+    selectNode(editor.session, *editor.session.baseXMLNode->lastChild());
+    editor.dialogs.expectPrompt(renamePrompt, renameTitle, "", "b");
+    EXPECT_EQ(errorOf([&] { renameNode(editor.session, editor.dialogs); }), 91);
+    EXPECT_EQ(editor.tree(), "<cabinet><a/>words</cabinet>");
+}
+
 TEST(NodeOperations, BaseNodeFollowsItsRenaming) {
     EditorSession editor("<a/>");
     editor.select("cabinet");
