@@ -237,6 +237,14 @@ std::string HelpSession::selectedKey() const {
 
 bool HelpSession::changed() const { return loaded() && writeXml(*articledoc) != lastsave; }
 
+bool HelpSession::mayUnload(Dialogs& dialogs) {
+    if (!changed()) return true;
+    const Answer answer = dialogs.messageBox(
+        {"Would you like to save your changes?", "Exiting...", BoxStyle::yesNoCancelQuestion});
+    if (answer == Answer::yes) saveDocument();
+    return answer != Answer::cancel;
+}
+
 std::string HelpSession::generatepreview(bool evaluateFormula) {
     if (!loaded()) raise(ErrorNumber::objectNotSet);
     std::string path = folder_ + "/temp.html";

@@ -10,6 +10,7 @@
 
 #include "editor/nodePanel.h"
 #include "formulas/formulaCatalogue.h"
+#include "platform/dialogs.h"
 #include "platform/dom.h"
 #include "platform/files.h"
 #include "platform/message.h"
@@ -55,6 +56,10 @@ public:
 
     /// Whether the document differs from `lastsave`, by its text.
     bool changed() const;
+
+    /// What closing the window asks first: whether to save, if there is anything to. True when the
+    /// window may close; an error while saving travels, and the window stays.
+    bool mayUnload(Dialogs& dialogs);
 
     /// Writes the page, with pictures and expanded texts when `evaluateFormula` is set, and returns
     /// its path.
