@@ -30,7 +30,7 @@ void TokenTable::add(std::string_view body, std::string replacement) {
     }
     if (body.size() >= lengths_.size()) lengths_.resize(body.size() + 1);
     lengths_[body.size()] = true;
-    if (body.find('`') != std::string_view::npos) bodiesHoldBackquotes_ = true;
+    if (body.find('`') != std::string_view::npos) withBackquotes_.push_back(index);
 }
 
 TokenTable::Slot& TokenTable::slotOf(std::string_view body, std::size_t hash) {
@@ -54,15 +54,17 @@ void TokenTable::growSlots() {
 /// The first entry of this body that is not before `from`.
 TokenTable::Index TokenTable::find(std::string_view body, Index from) {
     Index entry = slotOf(body, std::hash<std::string_view>()(body)).entry;
-    while (entry != none && entry < from)
+    std::size_t passed = 0;
+    for (; entry != none && entry < from; ++passed)
         entry = entries_[entry].nextOfBody;
+    if (passed > 0) countSearched(passed);
     return entry;
 }
 
 void TokenTable::replaceIn(std::string& text) {
     if (entries_.empty() || text.find('`') == std::string::npos) return;
     sizeLimit_ = std::max(maxReplacedSize, text.size() * 2);
-    if (bodiesHoldBackquotes_ || !planReplacements(text)) {
+    if (!withBackquotes_.empty() || !planReplacements(text)) {
         replaceEntryByEntry(text);
     } else if (changed_) {
         assemble(text);
@@ -169,22 +171,57 @@ void TokenTable::assemble(std::string& text) {
 }
 
 void TokenTable::replaceEntryByEntry(std::string& text) {
-    std::string token;
-    for (const Entry& entry : entries_) {
-        token.assign("`").append(entry.body).append("`");
-        std::size_t at = text.find(token);
-        if (at == std::string::npos) continue;
-        const std::string_view old = text;
-        std::size_t from = 0;
-        assembled_.clear();
-        for (; at != std::string::npos; at = old.find(token, from)) {
-            put(old.substr(from, at - from));
-            put(entry.replacement);
-            from = at + token.size();
-        }
-        put(old.substr(from));
-        takeAssembled(text);
+    auto special = withBackquotes_.begin();
+    Index next = nextIn(text, 0);
+    for (;;) {
+        const bool isSpecial = special != withBackquotes_.end() && *special < next;
+        const Index entry = isSpecial ? *special++ : next;
+        if (entry == none) return;
+        replaceEntry(entries_[entry], text);
+        if (!isSpecial || changed_) next = nextIn(text, entry + 1);
     }
+}
+
+/// The first entry from `from` on whose token is in the text. A body without backquotes can only be
+/// what stands between two neighbouring ones; other bodies are left out here.
+TokenTable::Index TokenTable::nextIn(std::string_view text, Index from) {
+    countSearched(text.size());
+    Index next = none;
+    std::size_t open = text.find('`');
+    while (open != std::string_view::npos) {
+        const std::size_t close = text.find('`', open + 1);
+        if (close == std::string_view::npos) break;
+        const std::string_view body = text.substr(open + 1, close - open - 1);
+        if (body.size() < lengths_.size() && lengths_[body.size()]) {
+            next = std::min(next, find(body, from));
+        }
+        open = close;
+    }
+    return next;
+}
+
+/// `changed_` tells whether there was anything to replace.
+void TokenTable::replaceEntry(const Entry& entry, std::string& text) {
+    const std::string token = std::string("`").append(entry.body).append("`");
+    countSearched(text.size() + token.size());
+    const std::string_view old = text;
+    std::size_t from = 0;
+    assembled_.clear();
+    std::size_t at = old.find(token);
+    changed_ = at != std::string_view::npos;
+    if (!changed_) return;
+    for (; at != std::string_view::npos; at = old.find(token, from)) {
+        put(old.substr(from, at - from));
+        put(entry.replacement);
+        from = at + token.size();
+    }
+    put(old.substr(from));
+    takeAssembled(text);
+}
+
+void TokenTable::countSearched(std::size_t bytes) {
+    searched_ += bytes;
+    if (searched_ > maxSearched) raise(ErrorNumber::outOfMemory);
 }
 
 void TokenTable::put(std::string_view part) {

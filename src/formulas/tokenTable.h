@@ -16,16 +16,20 @@ namespace tavisk {
 inline constexpr std::size_t maxReplacedSize = std::size_t{1} << 26;
 inline constexpr std::size_t maxReplacedTotal = std::size_t{1} << 30;
 
+/// How many bytes one table searches, text after text, where only doing the replacements tells what
+/// comes of them. No real document comes near; a made-up one could keep the search busy for hours.
+inline constexpr std::size_t maxSearched = std::size_t{1} << 33;
+
 /// Replaces, for each entry in the order of adding, every occurrence of backquote, body, backquote
 /// by the entry's replacement. The result is that of doing so entry by entry over the whole text;
-/// the time does not depend on the number of entries, unless a body or a replacement in use holds
-/// a backquote itself.
+/// the time does not depend on the number of entries, unless their bodies hold backquotes
+/// themselves.
 class TokenTable {
 public:
     void add(std::string_view body, std::string replacement);
 
-    /// Uses working memory of the table: one text at a time. Error 7 beyond `maxReplacedSize` and
-    /// `maxReplacedTotal`; `text` is unspecified then.
+    /// Uses working memory of the table: one text at a time. Error 7 beyond `maxReplacedSize`,
+    /// `maxReplacedTotal` and `maxSearched`; `text` is unspecified then.
     void replaceIn(std::string& text);
 
 private:
@@ -75,13 +79,16 @@ private:
     void take(const Candidate& token, std::string_view text);
     void assemble(std::string& text);
     void replaceEntryByEntry(std::string& text);
+    Index nextIn(std::string_view text, Index from);
+    void replaceEntry(const Entry& entry, std::string& text);
+    void countSearched(std::size_t bytes);
     void put(std::string_view part);
     void takeAssembled(std::string& text);
 
     std::vector<Entry> entries_;
     std::vector<Slot> slots_;
     std::vector<bool> lengths_;  ///< of the bodies: most other texts are told apart by theirs
-    bool bodiesHoldBackquotes_ = false;
+    std::vector<Index> withBackquotes_;  ///< entries whose bodies hold some
 
     std::vector<Quote> quotes_;
     std::vector<std::string> merged_;
@@ -90,6 +97,7 @@ private:
     std::string assembled_;
     std::size_t sizeLimit_ = maxReplacedSize;
     std::size_t replacedTotal_ = 0;
+    std::size_t searched_ = 0;
     bool changed_ = false;
 };
 

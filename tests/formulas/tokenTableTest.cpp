@@ -266,5 +266,52 @@ TEST(TokenTable, TooManyLongTextsEndInError7) {
     EXPECT_EQ(error, 7);
 }
 
+TEST(TokenTable, ValuesWithBackquotesAreSeenByTheNextEntryOnly) {
+    TokenTable table;
+    table.add("b", "early");
+    table.add("a", "`b``c`");
+    table.add("c", "late");
+    std::string text = "`a`";
+    table.replaceIn(text);
+    EXPECT_EQ(text, "`b`late");
+}
+
+TEST(TokenTable, NamesWithBackquotesKeepTheirPlaceAmongTheOthers) {
+    TokenTable table;
+    table.add("a", "1");
+    table.add("b`c", "`d`");
+    table.add("d", "2");
+    table.add("e`f", "3");
+    table.add("g", "`e`f`");
+    std::string text = "`a``b`c``d``e`f``g`";
+    table.replaceIn(text);
+    EXPECT_EQ(text, "1223`e`f`");
+}
+
+TEST(TokenTable, ManyEntriesCostNothingBesideValuesWithBackquotes) {
+    TokenTable table;
+    table.add("a", "`b`" + std::string(2000, 'v'));
+    for (int i = 0; i < 300000; ++i)
+        table.add("n" + std::to_string(i), "");
+    std::string text;
+    for (int i = 0; i < 10000; ++i)
+        text += "`a`";
+    table.replaceIn(text);
+    EXPECT_EQ(text.size(), std::size_t{20030000});
+}
+
+TEST(TokenTable, EndlessSearchingEndsInError7) {
+    TokenTable table;
+    for (int i = 0; i < 30000; ++i)
+        table.add("`" + std::to_string(i), "");
+    const std::string text = "`" + std::string(32000, 'v');
+    int error = 0;
+    for (int i = 0; i < 20 && error == 0; ++i) {
+        std::string copy = text;
+        error = test::errorOf([&] { table.replaceIn(copy); });
+    }
+    EXPECT_EQ(error, 7);
+}
+
 }  // namespace
 }  // namespace tavisk
