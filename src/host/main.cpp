@@ -8,7 +8,7 @@
 
 int main(int count, char** words) {
     try {
-        tavisk::reportClosedPipes();
+        tavisk::reportFailedWrites();
         tavisk::reportShrunkInput();
         const std::vector<std::string> arguments(words + (count > 0 ? 1 : 0), words + count);
         const tavisk::Streams streams{std::cin, std::cout, std::cerr,

@@ -5,7 +5,8 @@ namespace tavisk {
 
 bool errorOutputIsTerminal();
 
-/// A closed pipe is then an error of the writing call and does not end the process.
-void reportClosedPipes();
+/// A closed pipe or a file as long as a limit allows is then an error of the writing call and does
+/// not end the process, which would leave half a file behind.
+void reportFailedWrites();
 
 }  // namespace tavisk

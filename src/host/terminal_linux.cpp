@@ -7,6 +7,9 @@ namespace tavisk {
 
 bool errorOutputIsTerminal() { return ::isatty(STDERR_FILENO) == 1; }
 
-void reportClosedPipes() { std::signal(SIGPIPE, SIG_IGN); }
+void reportFailedWrites() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
 
 }  // namespace tavisk

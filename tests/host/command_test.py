@@ -167,6 +167,19 @@ class Failures(CommandTest):
         self.assertEqual((disk / "temp.html").read_bytes(), b"old")
         self.assertEqual(len(list(disk.iterdir())), 3)
 
+    def test_limit_on_the_length_of_files_keeps_the_old_page(self):
+        folder = self.folder / "out"
+        tavisk("render", str(self.file), "--folder", str(folder))
+        old = (folder / "temp.html").read_bytes()
+        large = PLAIN.replace(b"/></cabinet>", b"/>" + b"<B/>" * 3000 + b"</cabinet>")
+        limit = 64 << 10
+        code, _, err = tavisk(
+            "render", "-", "--folder", str(folder), data=large,
+            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit)))
+        self.assertEqual((code, err), (4, self.FULL + f"File: {folder}/temp.html\n".encode()))
+        self.assertEqual((folder / "temp.html").read_bytes(), old)
+        self.assertEqual(len(list(folder.iterdir())), 3)
+
     def test_closed_pipe(self):
         reading, writing = os.pipe()
         os.close(reading)
