@@ -18,7 +18,11 @@ constexpr std::size_t maxMergedSize = std::size_t{1} << 24;
 void TokenTable::add(std::string_view body, std::string replacement) {
     const auto index = static_cast<Index>(entries_.size());
     const bool addsBackquotes = replacement.find('`') != std::string::npos;
-    entries_.push_back({std::string(body), std::move(replacement), none, index, addsBackquotes});
+    Entry& entry = entries_.emplace_back();
+    entry.body = body;
+    entry.replacement = std::move(replacement);
+    entry.lastOfBody = index;
+    entry.addsBackquotes = addsBackquotes;
     if (entries_.size() * 2 > slots_.size()) growSlots();
     const std::size_t hash = std::hash<std::string_view>()(body);
     Slot& slot = slotOf(body, hash);
@@ -51,14 +55,20 @@ void TokenTable::growSlots() {
     }
 }
 
-/// The first entry of this body that is not before `from`.
+/// The first entry of this body that is not before `from`. Within a pass `from` never goes back, so
+/// that the entries of a body are walked once.
 TokenTable::Index TokenTable::find(std::string_view body, Index from) {
-    Index entry = slotOf(body, std::hash<std::string_view>()(body)).entry;
-    std::size_t passed = 0;
-    for (; entry != none && entry < from; ++passed)
-        entry = entries_[entry].nextOfBody;
-    if (passed > 0) countSearched(passed);
-    return entry;
+    const Index first = slotOf(body, std::hash<std::string_view>()(body)).entry;
+    if (first == none) return none;
+    Entry& head = entries_[first];
+    if (head.foundIn != pass_) {
+        head.foundIn = pass_;
+        head.nextToFind = first;
+    }
+    Index& next = head.nextToFind;
+    while (next != none && next < from)
+        next = entries_[next].nextOfBody;
+    return next;
 }
 
 void TokenTable::replaceIn(std::string& text) {
@@ -75,6 +85,7 @@ void TokenTable::replaceIn(std::string& text) {
 /// its own, so that only doing it tells, or where planning would cost too much.
 bool TokenTable::planReplacements(std::string_view text) {
     constexpr std::greater<> leastFirst;
+    ++pass_;
     changed_ = false;
     merged_.clear();
     mergedSize_ = 0;
@@ -171,6 +182,7 @@ void TokenTable::assemble(std::string& text) {
 }
 
 void TokenTable::replaceEntryByEntry(std::string& text) {
+    ++pass_;
     auto special = withBackquotes_.begin();
     Index next = nextIn(text, 0);
     for (;;) {

@@ -40,7 +40,10 @@ private:
         std::string body;
         std::string replacement;
         Index nextOfBody = none;  ///< the next entry of the same body
-        Index lastOfBody = none;  ///< kept in the first entry of a body
+        // Kept in the first entry of a body:
+        Index lastOfBody = none;
+        Index nextToFind = none;  ///< in pass `foundIn`
+        std::size_t foundIn = 0;
         bool addsBackquotes = false;
     };
     struct Slot {
@@ -96,6 +99,7 @@ private:
     std::vector<Candidate> waiting_;  ///< a heap, the least first
     std::string assembled_;
     std::size_t sizeLimit_ = maxReplacedSize;
+    std::size_t pass_ = 0;  ///< one over a text, in which `find` is asked for ever later entries
     std::size_t replacedTotal_ = 0;
     std::size_t searched_ = 0;
     bool changed_ = false;

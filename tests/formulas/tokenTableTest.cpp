@@ -300,6 +300,17 @@ TEST(TokenTable, ManyEntriesCostNothingBesideValuesWithBackquotes) {
     EXPECT_EQ(text.size(), std::size_t{20030000});
 }
 
+TEST(TokenTable, ManyEqualNamesAreTriedInOneWalk) {
+    TokenTable table;
+    for (int i = 0; i < 100000; ++i)
+        table.add("a", i % 2 == 0 ? "`a`" : "`b`");
+    table.add("b", "`a`");
+    table.add("a", "end");
+    std::string text = "`a`";
+    table.replaceIn(text);
+    EXPECT_EQ(text, "end");
+}
+
 TEST(TokenTable, EndlessSearchingEndsInError7) {
     TokenTable table;
     for (int i = 0; i < 30000; ++i)
