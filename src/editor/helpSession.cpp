@@ -135,6 +135,7 @@ std::optional<Message> HelpSession::load(dom::Source source, Keep keep) {
 
 void HelpSession::unload() noexcept {
     clipboardnode.reset();
+    clipboardNamespaces.clear();
     removedRows_.clear();
     baseXMLNode = currentnode = selectedRow = nullptr;
     articledoc.reset();

@@ -12,6 +12,7 @@
 #include "formulas/formulaCatalogue.h"
 #include "platform/dialogs.h"
 #include "platform/dom.h"
+#include "platform/domNamespaces.h"
 #include "platform/files.h"
 #include "platform/message.h"
 
@@ -77,6 +78,7 @@ public:
     dom::Node* currentnode = nullptr;  ///< the element being edited
     dom::Node* selectedRow = nullptr;  ///< the selected row of the tree, by its DOM node
     dom::OwnedNode clipboardnode;
+    std::vector<dom::Namespace> clipboardNamespaces;  ///< that `clipboardnode` had from above it
     FormulaCatalogue formulaCatalogue;
     DropDownList lstFormulas;
     DropDownList lstImages;

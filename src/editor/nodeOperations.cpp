@@ -3,11 +3,13 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "document/helpNames.h"
 #include "document/nodeKeys.h"
 #include "document/xmlParse.h"
 #include "editor/helpSession.h"
+#include "platform/domNamespaces.h"
 #include "platform/error.h"
 
 namespace tavisk {
@@ -185,7 +187,9 @@ TreeChange cutNode(HelpSession& session, Dialogs& dialogs) {
 
 void copyNode(HelpSession& session) {
     if (!session.currentnode) raise(ErrorNumber::objectNotSet);
+    std::vector<dom::Namespace> namespaces = dom::namespacesFromAbove(*session.currentnode);
     session.clipboardnode = session.articledoc->clone(*session.currentnode, true);
+    session.clipboardNamespaces = std::move(namespaces);
 }
 
 TreeChange pasteNode(HelpSession& session, Dialogs& dialogs) {
@@ -196,7 +200,12 @@ TreeChange pasteNode(HelpSession& session, Dialogs& dialogs) {
                                    "Invalid name, please rename:");
     if (!name) return {};
     dom::Document& document = *session.articledoc;
-    dom::Node& node = document.append(*parent, copyWithName(document, copied, *name));
+    dom::OwnedNode copy = copyWithName(document, copied, *name);
+    for (const dom::Namespace& needed : session.clipboardNamespaces) {
+        if (dom::namespaceOf(*parent, needed.prefix) != needed.address)
+            document.addAttribute(*copy, "xmlns:" + needed.prefix, needed.address);
+    }
+    dom::Node& node = document.append(*parent, std::move(copy));
     return {TreeChange::Kind::pasted, &node, parent};
 }
 

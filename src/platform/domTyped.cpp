@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/base64.h"
+#include "platform/domNamespaces.h"
 #include "platform/error.h"
 
 namespace tavisk::dom {
@@ -10,23 +11,6 @@ namespace {
 
 constexpr std::string_view dataTypes = "urn:schemas-microsoft-com:datatypes";
 constexpr std::string_view base64Type = "bin.base64";
-
-std::string_view attributeText(const Node& element, std::string_view name,
-                               std::string_view otherwise) {
-    const auto attributes = element.attributes();
-    const auto found = std::ranges::find(attributes, name, &Attribute::name);
-    return found == attributes.end() ? otherwise : found->text();
-}
-
-/// The address that a prefix stands for on this element.
-std::string_view namespaceOf(const Node& element, std::string_view prefix) {
-    const std::string declaration = "xmlns:" + std::string(prefix);
-    for (const Node* at = &element; at != nullptr; at = at->parent()) {
-        const std::string_view address = attributeText(*at, declaration, {});
-        if (!address.empty()) return address;
-    }
-    return {};
-}
 
 bool hasBase64Type(const Node& element) {
     return std::ranges::any_of(element.attributes(), [&](const Attribute& attribute) {

@@ -3,6 +3,7 @@
 #include "editor/editorSession.h"
 #include "editor/nodeOperations.h"
 #include "support/errors.h"
+#include "support/xml.h"
 
 namespace tavisk {
 namespace {
@@ -240,6 +241,28 @@ TEST(NodeOperations, PasteUnderANameThatIsNoXmlNameIsError5AndNothingChanges) {
     editor.dialogs.expectPrompt(pastePrompt, pasteTitle, "a.b", "-");
     EXPECT_EQ(errorOf([&] { pasteNode(editor.session, editor.dialogs); }), 5);
     EXPECT_EQ(editor.tree(), "<cabinet><a.b/><c/></cabinet>");
+}
+
+TEST(NodeOperations, PastedNodeDeclaresThePrefixesThatItHadFromAbove) {
+    EditorSession editor(R"(<a xmlns:p="u"><x p:y="1"><p:z/></x></a><b/><c xmlns:p="other"/>)");
+    editor.select("cabinet=>a=>x");
+    copyNode(editor.session);
+    editor.select("cabinet=>b");
+    pasteNode(editor.session, editor.dialogs);
+    EXPECT_EQ(editor.current(), R"(<b><x p:y="1" xmlns:p="u"><p:z/></x></b>)");
+    editor.select("cabinet=>c");
+    pasteNode(editor.session, editor.dialogs);
+    EXPECT_EQ(editor.current(), R"(<c xmlns:p="other"><x p:y="1" xmlns:p="u"><p:z/></x></c>)");
+    test::parsed(editor.document());
+}
+
+TEST(NodeOperations, PastedNodeDeclaresNoPrefixThatIsDeclaredAlike) {
+    EditorSession editor(R"(<a xmlns:p="u"><x p:y="1"/><b/></a>)");
+    editor.select("cabinet=>a=>x");
+    copyNode(editor.session);
+    editor.select("cabinet=>a=>b");
+    pasteNode(editor.session, editor.dialogs);
+    EXPECT_EQ(editor.current(), R"(<b><x p:y="1"/></b>)");
 }
 
 TEST(NodeOperations, CopiedTextRowCannotBePasted) {
