@@ -22,6 +22,11 @@ void require(bool condition) {
     if (!condition) raise(ErrorNumber::invalidArgument);
 }
 
+/// A prefix cannot be declared to stand for nothing.
+void requireAddress(std::string_view name, std::string_view text) {
+    require(!text.empty() || !name.starts_with("xmlns:"));
+}
+
 std::size_t depthOf(const Node& node) noexcept {
     std::size_t depth = 0;
     for (const Node* at = &node; at != nullptr; at = at->parent())
@@ -341,11 +346,14 @@ OwnedNode Document::replace(Node& old, OwnedNode fresh) {
 
 void Document::setAttributeText(Node& element, std::size_t index, std::string_view text) {
     require(index < element.attributeCount_ && isXmlText(text));
-    store(element.attributes_[index].text_, text);
+    Attribute& attribute = element.attributes_[index];
+    requireAddress(attribute.name(), text);
+    store(attribute.text_, text);
 }
 
 void Document::addAttribute(Node& element, std::string_view name, std::string_view text) {
     require(element.isElement() && isXmlName(name) && isXmlText(text));
+    requireAddress(name, text);
     Attribute stored;
     stored.name_ = intern(name);
     store(stored.text_, text);

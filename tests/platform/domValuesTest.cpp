@@ -82,6 +82,15 @@ TEST(DomValues, ARefusedAttributeTextLeavesTheOldOne) {
     EXPECT_EQ(r.attributes()[0].text(), "old");
 }
 
+TEST(DomValues, APrefixDeclaredAsNothingIsError5) {
+    EXPECT_EQ(attributeError("xmlns:p", ""), 5);
+    EXPECT_EQ(attributeError("xmlns:p", "u"), 0);
+    const auto document = parsed("<r xmlns:value='u'/>");
+    Node& r = *document->lastChild();
+    EXPECT_EQ(errorOf([&] { document->setAttributeText(r, 0, ""); }), 5);
+    EXPECT_EQ(r.attributes()[0].text(), "u");
+}
+
 TEST(DomValues, AnAttributeThatIsNotThereIsError5) {
     const auto document = parsed("<r v='old'/>");
     EXPECT_EQ(errorOf([&] { document->setAttributeText(*document->lastChild(), 1, "x"); }), 5);
