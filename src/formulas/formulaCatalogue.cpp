@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "document/xmlParse.h"
+#include "platform/error.h"
+#include "platform/xmlCharacters.h"
 
 namespace tavisk {
 
@@ -50,6 +52,8 @@ std::string FormulaCatalogue::promptAndAdd(Dialogs& dialogs) {
         dialogs.messageBox({"This name is already in use", addTitle, BoxStyle::okInformation});
         return {};
     }
+    // Nothing removes an entry again, and one that cannot be written would make every save fail.
+    if (!isXmlText(name) || !isXmlText(description)) raise(ErrorNumber::invalidArgument);
     add({name, "unknown formula", std::move(description), true});
     return name;
 }

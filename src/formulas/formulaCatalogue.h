@@ -32,9 +32,9 @@ public:
     /// What `lblFormulaHelp` shows for the name chosen in the list.
     std::string descriptionOf(std::string_view name) const;
 
-    /// Asks for name and description and adds a standard formula. Returns the new name for the
-    /// list, or empty when the user gave up or was refused. `listed` is called with the name before
-    /// the success message, so that the list shows it by then.
+    /// Asks for name and description and adds a standard formula, unless the user gives up or is
+    /// refused. `listed` is called with the new name before the success message, so that the list
+    /// shows it by then. Error 5, and nothing added, for what XML cannot hold.
     template <class Listed>
     void addByPrompt(Dialogs& dialogs, Listed listed) {
         if (const std::string name = promptAndAdd(dialogs); !name.empty()) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/errors.h"
 #include "support/scriptedDialogs.h"
 #include "support/xml.h"
 
@@ -202,6 +203,19 @@ TEST(FormulaAdd, NameOfANonStandardEntryIsRefused) {
         .expectBox("This name is already in use", title, BoxStyle::okInformation);
     catalogue.addByPrompt(dialogs, [](const std::string&) { FAIL() << "nothing to list"; });
     EXPECT_EQ(namesOf(catalogue), "[Rate]");
+}
+
+TEST(FormulaAdd, WhatXmlCannotHoldIsError5AndNothingIsAdded) {
+    FormulaCatalogue catalogue;
+    ScriptedDialogs dialogs;
+    dialogs.expectPrompt(namePrompt, title, "", "a\x01")
+        .expectPrompt(descriptionPrompt, title, "a\x01", "d")
+        .expectPrompt(namePrompt, title, "", "a")
+        .expectPrompt(descriptionPrompt, title, "a", "\x01");
+    const auto listed = [](const std::string&) { FAIL() << "nothing to list"; };
+    EXPECT_EQ(test::errorOf([&] { catalogue.addByPrompt(dialogs, listed); }), 5);
+    EXPECT_EQ(test::errorOf([&] { catalogue.addByPrompt(dialogs, listed); }), 5);
+    EXPECT_TRUE(catalogue.firstformula());
 }
 
 TEST(FormulaAdd, NameInAnotherLetterCaseIsNew) {
