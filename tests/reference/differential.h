@@ -63,21 +63,29 @@ inline std::string firstDifference(const std::string& is, const std::string& exp
 }
 
 /// `compare` returns an empty text, or what is different. The first few differences end the run.
+/// The few documents whose values multiply beyond the reference's patience are left out.
 template <class Compare>
 void forEachRandomDocument(Compare compare) {
     constexpr int enough = 3;
     const std::uint64_t count = numberFromEnvironment("TAVISK_RANDOM_DOCUMENTS", 20000);
     const std::uint64_t first = numberFromEnvironment("TAVISK_SEED", 1);
     int failures = 0;
+    std::uint64_t leftOut = 0;
     for (std::uint64_t i = 0; i < count && failures < enough; ++i) {
         const TestDocument document = testDocument(first + i);
-        const std::string difference = compare(document);
+        std::string difference;
+        try {
+            difference = compare(document);
+        } catch (const TooLong&) {
+            ++leftOut;
+        }
         if (difference.empty()) continue;
         ++failures;
         ADD_FAILURE() << "TAVISK_SEED=" << document.seed << " TAVISK_RANDOM_DOCUMENTS=1\n"
                       << difference << "\ndocument:\n"
                       << document.xml.substr(0, 6000);
     }
+    EXPECT_LE(leftOut, 10 + count / 1000);
 }
 
 }  // namespace tavisk::reference
