@@ -1,5 +1,6 @@
 #include "formulas/formulaExport.h"
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -132,8 +133,7 @@ void prepareFormulaNodesForExport(dom::Document& document, FormulaCatalogue& cat
     const std::vector<dom::Node*> old = document.elementsByTagName(formulaElement);
 
     // From the last to the first: a formula inside another one goes before it.
-    for (auto formula = old.rbegin(); formula != old.rend(); ++formula)
-        document.remove(**formula);
+    std::for_each(old.rbegin(), old.rend(), [&](dom::Node* formula) { document.remove(*formula); });
     fresh.appendTo(parent);
     if (extend) catalogue = std::move(extended);
 }

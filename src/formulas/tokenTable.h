@@ -1,11 +1,11 @@
 // Many exact token replacements in one pass over a text.
 #pragma once
 
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace tavisk {
@@ -68,7 +68,10 @@ private:
         Index entry;
         Index open;
         Index close;
-        auto operator<=>(const Candidate&) const = default;
+
+        bool operator>(const Candidate& other) const {
+            return std::tie(entry, open, close) > std::tie(other.entry, other.open, other.close);
+        }
     };
 
     Slot& slotOf(std::string_view body, std::size_t hash);
