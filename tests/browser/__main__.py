@@ -39,8 +39,9 @@ def main():
     if tests.countTestCases() == 0:
         print("FAILED: no tests found", file=sys.stderr)
         return 1
-    from reader import close
+    from reader import browser, close
     try:
+        browser()  # one that does not start says so once, not in every test
         result = unittest.TextTestRunner(verbosity=2).run(tests)
     finally:
         close()
