@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 
@@ -173,6 +174,11 @@ std::size_t asciiEnd(std::string_view text, std::size_t at) noexcept {
         if (any >= 0x80) break;
         at += block;
     }
+    // Texts with many accents have short runs: eight bytes at once there.
+    for (std::uint64_t eight = 0; at + sizeof eight <= text.size(); at += sizeof eight) {
+        std::memcpy(&eight, text.data() + at, sizeof eight);
+        if ((eight & 0x8080808080808080U) != 0) break;
+    }
     while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80)
         ++at;
     return at;
@@ -259,6 +265,10 @@ void toUtf8(std::u16string_view utf16, std::string& out) {
         }
         while (at < blockEnd) {
             const char32_t unit = utf16[at++];
+            if (unit < 0x80) {
+                *to++ = static_cast<char>(unit);
+                continue;
+            }
             if (unit < 0xD800 || unit > 0xDFFF) {
                 to = encode(to, unit);
                 continue;
