@@ -18,6 +18,8 @@ const char* textOf(ErrorNumber number) {
         case ErrorNumber::permissionDenied: return "Permission denied";
         case ErrorNumber::pathNotFound: return "Path not found";
         case ErrorNumber::objectNotSet: return "Object variable or With block variable not set";
+        case ErrorNumber::cannotLoadObject: return "Can't load or unload this object";
+        case ErrorNumber::objectUnloaded: return "Object was unloaded";
     }
     return "Invalid procedure call or argument";
 }

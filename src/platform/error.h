@@ -18,6 +18,8 @@ enum class ErrorNumber : int {
     permissionDenied = 70,
     pathNotFound = 76,
     objectNotSet = 91,
+    cannotLoadObject = 361,
+    objectUnloaded = 364,
 };
 
 /// `what()` is the fixed text of the number, for example "Overflow" for 6.

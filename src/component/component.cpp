@@ -1,0 +1,105 @@
+#include "component/component.h"
+
+#include "component/oneCall.h"
+#include "editor/helpSession.h"
+#include "editor/wx/frmMain.h"
+#include "platform/files.h"
+#include "platform/folder.h"
+#include "platform/wx/dialogs.h"
+#include "platform/wx/longWork.h"
+#include "platform/wx/runtime.h"
+#include "render/wx/frmPreview.h"
+
+namespace tavisk {
+namespace {
+
+/// The one form of the process. After a preview it stays loaded, hidden; the next call loads it
+/// again.
+struct Form {
+    DiskFiles files;
+    HelpSession session{files, componentFolder(files)};
+};
+
+Form& defaultInstance() {
+    // Never freed: what it refers to may be gone before static objects are.
+    static Form* const form = new Form;
+    return *form;
+}
+
+/// Error 364 for a document that is rejected, of which the user is told here.
+void load(HelpSession& session, std::string_view xml) {
+    std::optional<Message> refusal;
+    runLongWork(nullptr, "Opening the document",
+                [&] { refusal = session.load(dom::Source::copy(xml)); });
+    if (!refusal) return;
+    WxDialogs(nullptr).messageBox(*refusal);
+    raise(ErrorNumber::objectUnloaded);
+}
+
+std::string edit(std::string_view xml) {
+    yieldOnce();
+    HelpSession& session = defaultInstance().session;
+    yieldOnce();
+    load(session, xml);
+    yieldOnce();
+    frmMain(session).showModal();
+    session.unload();
+    yieldOnce();
+    std::string text = session.xmlText;
+    yieldOnce();
+    return text;
+}
+
+void tellError() noexcept {
+    try {
+        WxDialogs(nullptr).messageBox({"DLL call returned due to error."});
+    } catch (...) {
+        // There is nobody left to tell.
+    }
+}
+
+EditResult failed(std::string_view xml, const RunTimeError& error) {
+    return {std::string(xml), error};
+}
+
+}  // namespace
+
+EditResult editXML(std::string_view xml) {
+    const OneCall call;
+    if (!call.admitted()) {
+        if (call.isNested()) tellError();
+        return failed(xml, RunTimeError(ErrorNumber::invalidArgument));
+    }
+    const HostState host;
+    try {
+        startToolkit();
+    } catch (...) {
+        return failed(xml, currentRunTimeError());
+    }
+    try {
+        return {edit(xml), std::nullopt};
+    } catch (...) {
+        const RunTimeError error = currentRunTimeError();
+        tellError();
+        return failed(xml, error);
+    }
+}
+
+void previewXML(std::string_view xml, bool evaluateFormula) {
+    const OneCall call;
+    if (!call.admitted()) raise(ErrorNumber::invalidArgument);
+    const HostState host;
+    startToolkit();
+    yieldOnce();
+    HelpSession& session = defaultInstance().session;
+    yieldOnce();
+    load(session, xml);
+    yieldOnce();
+    std::string page;
+    runLongWork(nullptr, "Writing the page",
+                [&] { page = session.generatepreview(evaluateFormula); });
+    showPreview(nullptr, page);
+    yieldOnce();
+}
+
+}  // namespace tavisk

@@ -1,0 +1,47 @@
+#include "platform/folder.h"
+
+#include <cstdlib>
+#include <dlfcn.h>
+#include <filesystem>
+#include <system_error>
+#include <unistd.h>
+
+#include "platform/assets.h"
+#include "platform/error.h"
+
+namespace tavisk {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path libraryFolder() {
+    Dl_info info{};
+    if (dladdr(reinterpret_cast<void*>(&componentFolder), &info) == 0 || !info.dli_fname) return {};
+    std::error_code error;
+    const fs::path file = fs::canonical(info.dli_fname, error);
+    return error ? fs::path() : file.parent_path();
+}
+
+fs::path dataHome() {
+    // A relative path in this variable is to be ignored, as its convention says.
+    if (const char* home = std::getenv("XDG_DATA_HOME"); home && home[0] == '/') return home;
+    if (const char* home = std::getenv("HOME"); home && home[0] == '/')
+        return fs::path(home) / ".local" / "share";
+    raise(ErrorNumber::pathNotFound);
+}
+
+}  // namespace
+
+std::string componentFolder(Files& files) {
+    const fs::path own = libraryFolder();
+    if (!own.empty() && access(own.c_str(), W_OK) == 0) return own.string();
+
+    const fs::path home = dataHome();
+    std::error_code error;
+    fs::create_directories(home, error);  // a failure shows in the next step
+    const std::string folder = (home / "tavisk").string();
+    provideAssets(files, folder);
+    return folder;
+}
+
+}  // namespace tavisk
