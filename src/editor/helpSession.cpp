@@ -238,11 +238,11 @@ std::string HelpSession::selectedKey() const {
 
 bool HelpSession::changed() const { return loaded() && writeXml(*articledoc) != lastsave; }
 
-bool HelpSession::mayUnload(Dialogs& dialogs) {
+bool HelpSession::mayUnload(Dialogs& dialogs, const std::function<void()>& save) const {
     if (!changed()) return true;
     const Answer answer = dialogs.messageBox(
         {"Would you like to save your changes?", "Exiting...", BoxStyle::yesNoCancelQuestion});
-    if (answer == Answer::yes) saveDocument();
+    if (answer == Answer::yes) save();
     return answer != Answer::cancel;
 }
 

@@ -2,6 +2,7 @@
 // saving, without a window.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -58,9 +59,10 @@ public:
     /// Whether the document differs from `lastsave`, by its text.
     bool changed() const;
 
-    /// What closing the window asks first: whether to save, if there is anything to. True when the
-    /// window may close; an error while saving travels, and the window stays.
-    bool mayUnload(Dialogs& dialogs);
+    /// What closing the window asks first: whether to save, if there is anything to. `save` is how
+    /// the caller runs `saveDocument`. True when the window may close; an error while saving
+    /// travels, and the window stays.
+    bool mayUnload(Dialogs& dialogs, const std::function<void()>& save) const;
 
     /// Writes the page, with pictures and expanded texts when `evaluateFormula` is set, and returns
     /// its path.

@@ -8,6 +8,8 @@
 
 #include "document/xmlParse.h"
 #include "editor/helpSession.h"
+#include "platform/domTyped.h"
+#include "platform/error.h"
 #include "render/imageStore.h"
 
 namespace tavisk {
@@ -57,6 +59,15 @@ void askAndImport(HelpSession& session, Dialogs& dialogs, bool& quiet) {
     import(session, dialogs, path, name);
 }
 
+/// The first picture that carries the name of the list's current entry.
+dom::Node* chosenImage(const HelpSession& session) {
+    const std::string_view entry = session.lstImages.text();
+    for (dom::Node* image : session.articledoc->elementsByTagName("image")) {
+        if ("~" + std::string(GetAttributeValue(image, "name", "")) == entry) return image;
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 void addImage(HelpSession& session, Dialogs& dialogs) {
@@ -83,15 +94,27 @@ void removeImage(HelpSession& session, Dialogs& dialogs) {
         dialogs.messageBox(
             {"This image cannot be removed", "Delte Image", BoxStyle::okInformation});
     }
-    for (dom::Node* image : session.articledoc->elementsByTagName("image")) {
-        if ("~" + std::string(GetAttributeValue(image, "name", "")) != entry) continue;
-        session.removeElement(*image);
-        list.entries.erase(list.entries.begin() + static_cast<std::ptrdiff_t>(*list.index));
-        list.index.reset();
-        dialogs.messageBox({"Image removed", deleteTitle});
+    dom::Node* const image = chosenImage(session);
+    if (!image) {
+        dialogs.messageBox({"Image not found!", deleteTitle, BoxStyle::okCritical});
         return;
     }
-    dialogs.messageBox({"Image not found!", deleteTitle, BoxStyle::okCritical});
+    session.removeElement(*image);
+    list.entries.erase(list.entries.begin() + static_cast<std::ptrdiff_t>(*list.index));
+    list.index.reset();
+    dialogs.messageBox({"Image removed", deleteTitle});
+}
+
+std::string chosenPicture(const HelpSession& session) {
+    std::string bytes;
+    const dom::Node* const image = chosenImage(session);
+    if (!image) return bytes;
+    try {
+        dom::base64Value(*image, bytes);
+    } catch (const RunTimeError&) {
+        bytes.clear();
+    }
+    return bytes;
 }
 
 }  // namespace tavisk

@@ -1,6 +1,8 @@
 // The picture commands of the editor: Add Image and Remove Image.
 #pragma once
 
+#include <string>
+
 #include "platform/dialogs.h"
 
 namespace tavisk {
@@ -12,5 +14,9 @@ void addImage(HelpSession& session, Dialogs& dialogs);
 
 /// `cmdImageDel`, for the current entry of the session's picture list.
 void removeImage(HelpSession& session, Dialogs& dialogs);
+
+/// Bytes of the picture that the list's current entry names; empty when there is none or when its
+/// content is not base64.
+std::string chosenPicture(const HelpSession& session);
 
 }  // namespace tavisk

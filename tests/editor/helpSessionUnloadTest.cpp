@@ -19,32 +19,36 @@ const std::string loaded = "<cabinetinfo><cabinet><a/></cabinet></cabinetinfo>";
 const std::string saved =
     "<cabinetinfo><cabinet><a/></cabinet>" + std::string(fixedFormulas) + "</cabinetinfo>";
 
+bool mayUnload(EditorSession& editor) {
+    return editor.session.mayUnload(editor.dialogs, [&] { editor.session.saveDocument(); });
+}
+
 }  // namespace
 
 TEST(HelpSession, AfterOkNothingIsAsked) {
     EditorSession editor("<a/>");
     editor.session.saveDocument();
-    EXPECT_TRUE(editor.session.mayUnload(editor.dialogs));
+    EXPECT_TRUE(mayUnload(editor));
     EXPECT_EQ(editor.session.xmlText, saved);
 }
 
 TEST(HelpSession, AfterARefreshNothingIsAsked) {
     EditorSession editor("<a/>");
     editor.session.refresh();
-    EXPECT_TRUE(editor.session.mayUnload(editor.dialogs));
+    EXPECT_TRUE(mayUnload(editor));
 }
 
 TEST(HelpSession, NoAfterAnUntouchedDocumentGivesTheTextSetAtLoad) {
     EditorSession editor("<a/>");
     editor.dialogs.expectBox(question, Answer::no);
-    EXPECT_TRUE(editor.session.mayUnload(editor.dialogs));
+    EXPECT_TRUE(mayUnload(editor));
     EXPECT_EQ(editor.session.xmlText, loaded);
 }
 
 TEST(HelpSession, YesAfterAnUntouchedDocumentGivesTheSavedText) {
     EditorSession editor("<a/>");
     editor.dialogs.expectBox(question, Answer::yes);
-    EXPECT_TRUE(editor.session.mayUnload(editor.dialogs));
+    EXPECT_TRUE(mayUnload(editor));
     EXPECT_EQ(editor.session.xmlText, saved);
 }
 
@@ -52,7 +56,7 @@ TEST(HelpSession, NoAfterAnEditGivesTheTextSetAtLoad) {
     EditorSession editor("<a/>");
     changeAnswerText(editor.session, u"new");
     editor.dialogs.expectBox(question, Answer::no);
-    EXPECT_TRUE(editor.session.mayUnload(editor.dialogs));
+    EXPECT_TRUE(mayUnload(editor));
     EXPECT_EQ(editor.session.xmlText, loaded);
 }
 
@@ -60,7 +64,7 @@ TEST(HelpSession, CancelInTheSaveQuestionKeepsEveryEdit) {
     EditorSession editor("<a/>");
     changeAnswerText(editor.session, u"new");
     editor.dialogs.expectBox(question, Answer::cancel);
-    EXPECT_FALSE(editor.session.mayUnload(editor.dialogs));
+    EXPECT_FALSE(mayUnload(editor));
     EXPECT_EQ(editor.document(), "<cabinetinfo><cabinet><a value=\"new\"/></cabinet>" +
                                      std::string(generatedPicture) + "</cabinetinfo>");
     EXPECT_EQ(editor.session.xmlText, loaded);
@@ -71,20 +75,20 @@ TEST(HelpSession, ADocumentThatCameWithThePictureIsNotAskedAbout) {
     EditorSession editor;
     editor.load(R"(<cabinetinfo><cabinet><a/></cabinet><image name="generated_cabinet_picture"/>)"
                 "</cabinetinfo>");
-    EXPECT_TRUE(editor.session.mayUnload(editor.dialogs));
+    EXPECT_TRUE(mayUnload(editor));
 }
 
 TEST(HelpSession, AFailedLoadAsksNothing) {
     EditorSession editor;
     editor.load("<cabinetinfo/>");
-    EXPECT_TRUE(editor.session.mayUnload(editor.dialogs));
+    EXPECT_TRUE(mayUnload(editor));
 }
 
 TEST(HelpSession, SavingThatFailsAfterYesTravelsAndKeepsTheDocument) {
     EditorSession editor("<a/><b value=\"" + std::string(32768, 'x') + "\"/>");
     const std::string before = editor.document();
     editor.dialogs.expectBox(question, Answer::yes);
-    EXPECT_EQ(errorOf([&] { editor.session.mayUnload(editor.dialogs); }), 6);
+    EXPECT_EQ(errorOf([&] { mayUnload(editor); }), 6);
     EXPECT_EQ(editor.document(), before);
 }
 

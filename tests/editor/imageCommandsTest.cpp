@@ -260,6 +260,21 @@ TEST(ImageCommands, OfTwoEqualNamesTheFirstElementAndTheChosenEntryGo) {
     EXPECT_EQ(editor.entries(), (Entries{"~x", "~y", "~generated_cabinet_picture"}));
 }
 
+TEST(ImageCommands, ChosenPictureIsDecoded) {
+    Pictures editor(
+        R"(<image name="x" xmlns:dt="urn:schemas-microsoft-com:datatypes" dt:dt="bin.base64">)"
+        "YWJj</image>");
+    EXPECT_EQ(chosenPicture(editor.session), "");
+    editor.session.lstImages.choose("~x");
+    EXPECT_EQ(chosenPicture(editor.session), "abc");
+}
+
+TEST(ImageCommands, ChosenPictureThatIsNoBase64IsEmpty) {
+    Pictures editor(R"(<image name="x">?</image>)");
+    editor.session.lstImages.choose("~x");
+    EXPECT_EQ(chosenPicture(editor.session), "");
+}
+
 TEST(ImageCommands, SelectedRowOutlivesTheRemovalOfItsImage) {
     EditorSession editor(R"(<image name="x"/><a/>)");
     editor.session.lstImages.choose("~x");

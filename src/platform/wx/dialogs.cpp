@@ -41,6 +41,7 @@ wxString wildcard(const wxString& description) {
 }  // namespace
 
 Answer WxDialogs::messageBox(const Message& message) {
+    prepare();
     wxMessageDialog box(parent_, toWx(replaceAll(message.text, "\r\n", "\n")), toWx(message.title),
                         styleOf(message.style));
     return answerOf(box.ShowModal());
@@ -48,18 +49,21 @@ Answer WxDialogs::messageBox(const Message& message) {
 
 std::string WxDialogs::inputBox(std::string_view prompt, std::string_view title,
                                 std::string_view defaultText) {
+    prepare();
     wxTextEntryDialog box(parent_, toWx(replaceAll(prompt, "\r\n", "\n")), toWx(title),
                           toWx(defaultText));
     return box.ShowModal() == wxID_OK ? utf8Of(box.GetValue()) : std::string();
 }
 
 std::string WxDialogs::openFile(std::string_view filter) {
+    prepare();
     wxFileDialog dialog(parent_, wxFileSelectorPromptStr, wxString(), wxString(),
                         wildcard(toWx(filter)), wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     return dialog.ShowModal() == wxID_OK ? utf8Of(dialog.GetPath()) : std::string();
 }
 
 Colour WxDialogs::chooseColour() {
+    prepare();
     wxColourDialog dialog(parent_);
     if (dialog.ShowModal() == wxID_OK)
         lastColour_ = dialog.GetColourData().GetColour().GetRGB() & 0xFFFFFFU;

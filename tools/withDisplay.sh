@@ -1,0 +1,22 @@
+#!/bin/bash
+# Runs a command with a display of its own that nobody sees: a screen, a window manager (without one
+# no window gets the focus) and a message bus for screen readers.
+#
+#     tools/withDisplay.sh COMMAND...        TAVISK_SCREEN=WIDTHxHEIGHT sets the screen's size
+set -euo pipefail
+
+if [ -z "${TAVISK_INSIDE_DISPLAY:-}" ]; then
+    export TAVISK_INSIDE_DISPLAY=1
+    unset WAYLAND_DISPLAY
+    exec dbus-run-session -- xvfb-run -a -s "-screen 0 ${TAVISK_SCREEN:-1600x1200}x24 -nolisten tcp" \
+        "$0" "$@"
+fi
+
+export GDK_BACKEND=x11 NO_AT_BRIDGE=${NO_AT_BRIDGE:-0}
+openbox --sm-disable > /dev/null 2>&1 &
+manager=$!
+trap 'kill $manager 2> /dev/null || true' EXIT
+until xprop -root _NET_SUPPORTING_WM_CHECK 2> /dev/null | grep -q 'window id'; do
+    kill -0 $manager
+done
+"$@"
