@@ -6,7 +6,9 @@
 #include <wx/textctrl.h>
 
 #include "editor/answerText.h"
-#include "formulas/tokens.h"
+#include "editor/textPositions.h"
+#include "editor/tokenColours.h"
+#include "editor/wx/answerBuffer.h"
 
 namespace tavisk {
 
@@ -18,16 +20,24 @@ public:
     std::u16string text() const;
     TextSelection selection() const;
 
-    /// Shows a text with its tokens; only what differs from what is shown is touched, and no handler
-    /// runs. After a change the caret stands behind what is new.
+    /// After a command: shows the text and its tokens; no handler runs. Only what differs from what
+    /// is shown is touched. After a change the caret stands behind what is new, else it stays.
     void show(const std::u16string& text, const std::vector<Token>& tokens);
+
+    /// The same for the text of another node: the caret stands at the start, with the view there.
+    void showOther(const std::u16string& text, const std::vector<Token>& tokens);
 
     /// After the user changed the text: colours what has to change. `text` is the control's own.
     void colour(const std::u16string& text, const std::vector<Token>& tokens);
 
 private:
-    std::u16string shownText_;
-    std::vector<Token> shownTokens_;
+    void replace(const std::u16string& before, const std::u16string& after,
+                 const TextDifference& difference);
+
+    AnswerBuffer buffer_;
+    TokenColours shown_;
+    TokenColours wanted_;           ///< working memory of `colour`
+    std::vector<ColourRun> wrong_;  ///< the same
 };
 
 }  // namespace tavisk

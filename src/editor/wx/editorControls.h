@@ -9,6 +9,7 @@
 class wxButton;
 class wxCheckBox;
 class wxChoice;
+class wxColour;
 class wxFrame;
 class wxMenuItem;
 class wxStaticBox;
@@ -84,7 +85,10 @@ int toolId(std::size_t index);
 /// Fills an empty frame with controls, menus and toolbar, in the state before the first selection.
 EditorControls buildEditor(wxFrame& frame);
 
-/// What a label shows may be longer than its place: the middle gives way, the tool tip has it all.
+/// What a label shows may be longer than its place: the tool tip has it all then.
 void setFieldText(wxStaticText& label, const std::string& utf8);
+
+/// Shows a label in a node's own colour, on a ground that keeps it readable in every theme.
+void setSampleColour(wxStaticText& label, const wxColour& colour);
 
 }  // namespace tavisk

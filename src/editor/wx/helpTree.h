@@ -1,40 +1,58 @@
 // The tree of help nodes: a native tree over the document itself, without copies of it.
 #pragma once
 
-#include <wx/dataview.h>
+#include <cstddef>
+#include <functional>
 
-#include "editor/nodeOperations.h"
+#include "editor/wx/helpTreeRows.h"
 #include "platform/dom.h"
 
 namespace tavisk {
 
 class HelpSession;
-class HelpTreeModel;
 
 /// `TreeXML`. A row is a DOM node of the session's document; its text is the shown name. Setting the
-/// selection from code runs no handler.
-class HelpTree final : public wxDataViewCtrl {
+/// selection from code runs no handler. wxEVT_DATAVIEW_SELECTION_CHANGED comes once when the user
+/// has selected another row.
+class HelpTree final : public HelpTreeRows {
 public:
     explicit HelpTree(wxWindow* parent);
+    ~HelpTree() override;
 
-    /// Shows the tree below the session's base node with the session's selected row selected and
-    /// visible. The session must outlive the tree, or be taken away by `detach`.
+    /// Shows the tree below the session's base node with the session's selected row selected,
+    /// expanded and visible. The session must outlive the tree, or be taken away by `detach`. From
+    /// now on the session tells when it takes out an element.
     void attach(HelpSession& session);
     /// Shows nothing; must come before the document goes.
     void detach();
 
-    /// Brings the rows into step with what an operation did to the document, and selects the
-    /// session's selected row. Rows that were expanded stay so, also below a renamed or moved node.
-    void follow(const TreeChange& change);
+    /// Runs an operation on the session's current node, brings the rows into step with what it did,
+    /// and selects the session's selected row; also when the operation ends in an error, which
+    /// travels on. Rows that were expanded stay so, also below a renamed or moved node.
+    void run(const std::function<void()>& operation);
 
-    /// The row that the user has selected; null while there is none.
-    dom::Node* selected() const;
-    /// Selects a row, with everything above it expanded, and scrolls it into view.
-    void select(dom::Node& row);
+protected:
+    bool TryBefore(wxEvent& event) override;
 
 private:
+    /// Where the current node is, and how much is around it. From this and the document afterwards
+    /// it is known what an operation did, without a look at nodes that may be gone.
+    struct Place {
+        dom::Node* node = nullptr;    ///< null: no row
+        dom::Node* parent = nullptr;  ///< null for the top row
+        std::size_t index = 0;
+        std::size_t siblings = 0;
+        std::size_t children = 0;
+    };
+
+    Place currentPlace() const;
+    void follow(const Place& before);
+    /// Returns whether the node was moved.
+    bool followRow(const Place& before);
+    void showSelection();
+    void onKey(wxKeyEvent& event);
+
     HelpSession* session_ = nullptr;
-    HelpTreeModel* model_ = nullptr;  ///< owned by the control, by its reference count
 };
 
 }  // namespace tavisk

@@ -20,6 +20,9 @@
 
 namespace tavisk::test {
 
+/// Puts a colour into the native dialog, from which it is read after OK.
+void chooseInDialog(wxColourDialog& dialog, const wxColour& colour);
+
 class DialogAnswers final : public wxModalDialogHook {
 public:
     DialogAnswers() { Register(); }
@@ -53,7 +56,7 @@ public:
     }
     DialogAnswers& expectColour(const wxColour& colour, int answer = wxID_OK) {
         return expect("colour", [colour, answer](wxDialog* dialog) {
-            static_cast<wxColourDialog*>(dialog)->GetColourData().SetColour(colour);
+            chooseInDialog(static_cast<wxColourDialog&>(*dialog), colour);
             return answer;
         });
     }
