@@ -1,0 +1,51 @@
+// The colours of the answer text, and which of them are wrong after a change of the text.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "formulas/tokens.h"
+#include "platform/dialogs.h"
+
+namespace tavisk {
+
+inline constexpr Colour plainTextColour = 0x000000;
+
+constexpr Colour tokenColour(TokenKind kind) noexcept {
+    switch (kind) {
+        case TokenKind::image:
+        case TokenKind::externalImage: return 0xFF0000;
+        case TokenKind::overlay: return 0x008000;
+        case TokenKind::formula: break;
+    }
+    return 0x008080;
+}
+
+/// The colours of a text of `length` code units: its tokens, and plain between them.
+struct TokenColours {
+    std::size_t length = 0;
+    std::vector<Token> tokens;
+};
+
+/// How much of a text's start and end nothing was done to since it was coloured. A text box's
+/// colours move with its text, so there they are still as they were.
+struct UntouchedEnds {
+    std::size_t start = 0;
+    std::size_t end = 0;
+};
+
+struct ColourRun {
+    std::size_t start = 0;
+    std::size_t length = 0;
+    Colour colour = plainTextColour;
+
+    bool operator==(const ColourRun&) const = default;
+};
+
+/// What to colour in a box that was coloured as `shown` so that it shows `wanted`. Between the
+/// untouched ends anything may have been put in, in any colour, so all of it is coloured. `wrong`
+/// is replaced; its runs are in order, apart from each other or of different colours.
+void findWrongColours(const TokenColours& shown, const TokenColours& wanted,
+                      UntouchedEnds untouched, std::vector<ColourRun>& wrong);
+
+}  // namespace tavisk
