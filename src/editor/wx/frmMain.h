@@ -3,7 +3,9 @@
 
 #include <cstddef>
 #include <functional>
-#include <string_view>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "editor/helpSession.h"
 #include "editor/wx/editorControls.h"
@@ -46,7 +48,6 @@ private:
 
     void txtValue_Change();
     void cmdFormulaAdd_Click();
-    void cmdImageDel_Click();
 
     /// Runs a handler: errors are reported, and the window shows the session afterwards.
     void act(const std::function<void()>& handler) noexcept;
@@ -63,6 +64,9 @@ private:
     void setFrameEnabled(wxStaticBox& frame, bool enabled);
 
     HelpSession& session_;
+    const dom::Node* shownNode_ = nullptr;  ///< whose text is shown; to be compared only
+    std::vector<std::string> shownFormulas_;
+    std::vector<std::string> shownImages_;
     std::string shownPicture_;  ///< entry of the list whose picture is shown
 };
 

@@ -27,13 +27,7 @@ void frmMain::TreeXML_NodeClick() {
 }
 
 void frmMain::runNodeCommand(std::size_t index) {
-    try {
-        controls.TreeXML->follow(nodeCommands()[index].run(session_, dialogs));
-    } catch (...) {
-        // What was changed before the error is not known here.
-        controls.TreeXML->attach(session_);
-        throw;
-    }
+    controls.TreeXML->run([&] { nodeCommands()[index].run(session_, dialogs); });
 }
 
 }  // namespace tavisk

@@ -13,20 +13,13 @@
 namespace tavisk {
 namespace {
 
-void showLabel(wxStaticText& label, const std::string& text) {
-    const wxString shown = toWx(text);
-    if (label.GetLabelText() != shown) label.SetLabelText(shown);
-}
-
 void showTick(wxCheckBox& box, bool ticked) {
     if (box.GetValue() != ticked) box.SetValue(ticked);
 }
 
 void showColour(wxStaticText& label, Colour colour) {
     const wxColour shown(colour);
-    if (label.GetForegroundColour() == shown) return;
-    label.SetForegroundColour(shown);
-    label.Refresh();
+    if (label.GetForegroundColour() != shown) setSampleColour(label, shown);
 }
 
 void enable(wxWindow& window, bool enabled) {
@@ -48,17 +41,22 @@ void frmMain::showPanel() {
     setFieldText(*controls.lblCurrentField, panel.currentField);
     for (int i = 0; i < 2; ++i) {
         const auto at = static_cast<std::size_t>(i);
-        showLabel(*controls.lblColor.at(i), panel.colourCaptions[at]);
+        setFieldText(*controls.lblColor.at(i), panel.colourCaptions[at]);
         showColour(*controls.lblColor.at(i), panel.colours[at]);
-        showLabel(*controls.lblGap.at(i), panel.gapCaptions[at]);
-        showLabel(*controls.lblFontSize.at(i), panel.fontSizeCaptions[at]);
+        setFieldText(*controls.lblGap.at(i), panel.gapCaptions[at]);
+        setFieldText(*controls.lblFontSize.at(i), panel.fontSizeCaptions[at]);
         showTick(*controls.chkHidden.at(i), panel.hidden[at]);
     }
     for (std::size_t i = 0; i < styleBits.size(); ++i)
         showTick(*controls.chkStyle.at(styleBits[i]), panel.style[i]);
     showTick(*controls.chkColumnBreak, panel.columnBreak);
     showTick(*controls.chkPageBreak, panel.pageBreak);
-    controls.txtValue->show(panel.text, panel.tokens);
+    if (shownNode_ == session_.currentnode) {
+        controls.txtValue->show(panel.text, panel.tokens);
+    } else {
+        controls.txtValue->showOther(panel.text, panel.tokens);
+        shownNode_ = session_.currentnode;
+    }
 }
 
 void frmMain::showFrames() {
