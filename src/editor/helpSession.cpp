@@ -195,13 +195,16 @@ void HelpSession::addGeneratedPicture() {
 }
 
 void HelpSession::removeElement(dom::Node& element) {
-    const bool kept = isWithin(&element, *baseXMLNode) || isWithin(baseXMLNode, element);
-    if (kept) {
-        removedRows_.emplace_back();
-        removedRows_.back() = articledoc->remove(element);
-    } else {
+    const bool isRow = &element != baseXMLNode && isWithin(&element, *baseXMLNode);
+    if (!isRow && !isWithin(baseXMLNode, element)) {
         articledoc->remove(element);
+        return;
     }
+    dom::Node& parent = *element.parent();
+    dom::Node* const next = element.next();
+    removedRows_.emplace_back();
+    removedRows_.back() = articledoc->remove(element);
+    if (isRow && rowRemoved) rowRemoved(parent, next);
 }
 
 void HelpSession::saveDocument() {

@@ -81,6 +81,9 @@ public:
     dom::Node* selectedRow = nullptr;  ///< the selected row of the tree, by its DOM node
     dom::OwnedNode clipboardnode;
     std::vector<dom::Namespace> clipboardNamespaces;  ///< that `clipboardnode` had from above it
+    /// Told at once when `removeElement` has taken out a row of the tree: the row that was above
+    /// it, and the one that has its place there now, null when it was the last.
+    std::function<void(dom::Node& parent, dom::Node* next)> rowRemoved;
     FormulaCatalogue formulaCatalogue;
     DropDownList lstFormulas;
     DropDownList lstImages;

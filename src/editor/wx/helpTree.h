@@ -11,9 +11,9 @@ namespace tavisk {
 
 class HelpSession;
 
-/// `TreeXML`. A row is a DOM node of the session's document; its text is the shown name. Setting the
-/// selection from code runs no handler. wxEVT_DATAVIEW_SELECTION_CHANGED comes once when the user
-/// has selected another row.
+/// `TreeXML`. A row is a DOM node of the session's document; its text is the shown name. Setting
+/// the selection from code runs no handler. wxEVT_DATAVIEW_SELECTION_CHANGED comes once when the
+/// user has selected another row.
 class HelpTree final : public HelpTreeRows {
 public:
     explicit HelpTree(wxWindow* parent);

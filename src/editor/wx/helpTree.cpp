@@ -1,0 +1,137 @@
+#include "editor/wx/helpTree.h"
+
+#include "editor/helpSession.h"
+
+namespace tavisk {
+namespace {
+
+wxDataViewItem itemOf(dom::Node& row) { return wxDataViewItem(&row); }
+
+}  // namespace
+
+HelpTree::HelpTree(wxWindow* parent) : HelpTreeRows(parent) {
+    Bind(wxEVT_KEY_DOWN, &HelpTree::onKey, this);
+}
+
+HelpTree::~HelpTree() { detach(); }
+
+void HelpTree::attach(HelpSession& session) {
+    detach();
+    session_ = &session;
+    session.rowRemoved = [this](dom::Node& parent, dom::Node* next) {
+        rowRemoved(parent, next ? indexAmongSiblings(*next) : parent.childCount());
+        showSelection();
+    };
+    showRows(session.baseXMLNode);
+    Expand(itemOf(*session.baseXMLNode));
+    showSelection();
+    if (isRow(session.selectedRow)) Expand(itemOf(*session.selectedRow));
+}
+
+void HelpTree::detach() {
+    if (!session_) return;
+    session_->rowRemoved = nullptr;
+    session_ = nullptr;
+    hideRows();
+}
+
+void HelpTree::run(const std::function<void()>& operation) {
+    const Place before = currentPlace();
+    try {
+        operation();
+    } catch (...) {
+        follow(before);
+        throw;
+    }
+    follow(before);
+}
+
+HelpTree::Place HelpTree::currentPlace() const {
+    dom::Node* const node = session_->currentnode;
+    if (!isRow(node)) return {};
+    Place place{node, nullptr, 0, 1, node->childCount()};
+    if (node != session_->baseXMLNode) {
+        place.parent = node->parent();
+        place.index = indexAmongSiblings(*node);
+        place.siblings = place.parent->childCount();
+    }
+    return place;
+}
+
+void HelpTree::follow(const Place& before) {
+    const bool moved = before.node && followRow(before);
+    showSelection();
+    if (moved && isRow(session_->selectedRow)) Expand(itemOf(*session_->selectedRow));
+}
+
+bool HelpTree::followRow(const Place& before) {
+    dom::Node* node = session_->baseXMLNode;
+    if (before.parent) {
+        const std::size_t siblings = before.parent->childCount();
+        if (siblings < before.siblings) {
+            rowRemoved(*before.parent, before.index);
+            return false;
+        }
+        if (siblings > before.siblings) {
+            rowInserted(*before.parent->lastChild());
+            return false;
+        }
+        node = before.parent->firstChild();
+        for (std::size_t i = 0; i < before.index; ++i)
+            node = node->next();
+    }
+    if (node == before.node) {
+        if (node->childCount() > before.children) rowInserted(*node->lastChild());
+        return false;
+    }
+    if (before.parent) {
+        for (dom::Node* row = before.parent->firstChild(); row; row = row->next()) {
+            if (row != before.node) continue;
+            rowMoved(*row, before.index);
+            return true;
+        }
+    }
+    rowReplaced(*node);
+    return false;
+}
+
+void HelpTree::showSelection() {
+    if (isRow(session_->selectedRow)) {
+        select(*session_->selectedRow);
+    } else {
+        selectNothing();
+    }
+}
+
+bool HelpTree::TryBefore(wxEvent& event) {
+    if (session_ && event.GetEventType() == wxEVT_DATAVIEW_SELECTION_CHANGED) {
+        dom::Node* const row = selected();
+        // One action can change the selection in several steps, or take it away.
+        if (!row) showSelection();
+        if (!row || row == session_->selectedRow) return true;
+    }
+    return HelpTreeRows::TryBefore(event);
+}
+
+void HelpTree::onKey(wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const bool left = key == WXK_LEFT || key == WXK_NUMPAD_LEFT;
+    const bool right = key == WXK_RIGHT || key == WXK_NUMPAD_RIGHT;
+    dom::Node* const row = selected();
+    if (!row || event.HasAnyModifiers() || !(left || right)) {
+        event.Skip();
+        return;
+    }
+    const bool expanded = IsExpanded(itemOf(*row));
+    if (left && expanded) {
+        Collapse(itemOf(*row));
+    } else if (left && row != session_->baseXMLNode) {
+        choose(*row->parent());
+    } else if (right && expanded) {
+        choose(*row->firstChild());
+    } else if (right) {
+        Expand(itemOf(*row));
+    }
+}
+
+}  // namespace tavisk
