@@ -74,7 +74,9 @@ public:
 
     std::string tree() const { return core.tree(); }
     std::string current() const { return core.current(); }
-    static std::string label(const wxWindow* control) { return utf8Of(control->GetLabelText()); }
+    static std::string label(const wxWindow* control) {
+        return utf8Of(wxControl::RemoveMnemonics(control->GetLabel()));
+    }
     static std::vector<std::string> entries(const wxChoice* list) {
         std::vector<std::string> texts;
         for (unsigned i = 0; i < list->GetCount(); ++i)
