@@ -2,16 +2,22 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
+#include "platform/wx/dialogs.h"
 #include "platform/wx/runtime.h"
+#include "render/wx/browserPolicy.h"
 
+class wxKeyEvent;
+class wxStaticText;
 class wxWebView;
 
 namespace tavisk {
 
-/// Runs no scripts of the page, opens no windows for it and leaves it for no link; a clicked link to
-/// another address goes to `openAddress`.
+/// Runs no scripts of the page, opens no windows for it and leaves it for no link; a clicked link
+/// to another address goes to `openAddress`. Zooms with Ctrl and plus, minus or 0; Escape and
+/// Ctrl+W close it.
 class frmPreview final : public ModalFrame {
 public:
     explicit frmPreview(wxWindow* parent);
@@ -19,13 +25,26 @@ public:
     /// `path` is that of the page file, UTF-8.
     void navigate(const std::string& path);
 
+    /// Whether the page, with its pictures and style, has been loaded since `navigate`. The browser
+    /// tells it by its own event, wxEVT_WEBVIEW_LOADED, which it also sends for its empty page.
+    bool pageLoaded() const noexcept { return pageLoaded_; }
+
     wxWebView* browserPreview = nullptr;
+    /// Stands in for the browser when its process has ended.
+    wxStaticText* lblEnded = nullptr;
 
     /// Opens an address in the user's own browser.
-    std::function<void(const wxString& address)> openAddress;
+    std::function<void(const std::string& address)> openAddress;
 
 private:
+    void fillClientArea();
+    void onKey(wxKeyEvent& event);
+    void showEnded();
+
+    WxDialogs dialogs_{this};
     std::string page_;
+    bool pageLoaded_ = false;
+    std::unique_ptr<BrowserPolicy> policy_;
 };
 
 /// Shows the page modally, over `parent` or on its own.

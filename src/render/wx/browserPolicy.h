@@ -1,0 +1,54 @@
+// Keeps a page of unknown content inside the preview's browser.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+class wxWebView;
+
+namespace tavisk {
+
+/// Where a page, or what the user does in it, wants to go.
+struct Navigation {
+    std::string_view address;
+    bool linkClicked = false;  ///< by the user, with pointer or keyboard
+    bool newWindow = false;
+};
+
+enum class NavigationAnswer { show, openOutside, ignore };
+
+/// `page` is the address of the page that is shown. Only a clicked link leads anywhere: to another
+/// place of this page, or out of the preview if its address is one of the web or of mail. Addresses
+/// of files stay closed, because opening a file can start a program.
+NavigationAnswer answerNavigation(const Navigation& navigation, std::string_view page);
+
+/// What the browser's window is told.
+struct BrowserEvents {
+    /// A link out of the page was clicked. Called while the browser waits for an answer.
+    std::function<void(const std::string& address)> addressClicked;
+    /// The process that shows the page is gone, and the page with it.
+    std::function<void()> ended;
+};
+
+/// Prepares the engine's start in a process that belongs to somebody else. Before each browser.
+void prepareBrowserEngine();
+
+/// Holds one browser to its page for as long as this lives; ends before the browser does.
+class BrowserPolicy {
+public:
+    BrowserPolicy(wxWebView& browser, BrowserEvents events);
+    BrowserPolicy(const BrowserPolicy&) = delete;
+    BrowserPolicy& operator=(const BrowserPolicy&) = delete;
+    ~BrowserPolicy();
+
+    /// The only way to another page.
+    void load(const std::string& address);
+
+private:
+    struct Native;
+    std::unique_ptr<Native> native_;
+};
+
+}  // namespace tavisk

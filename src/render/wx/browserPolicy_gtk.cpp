@@ -1,0 +1,224 @@
+#include <array>
+#include <csignal>
+#include <dlfcn.h>
+#include <utility>
+#include <webkit2/webkit2.h>
+#include <wx/webview.h>
+
+#include "platform/wx/strings.h"
+#include "render/wx/browserPolicy.h"
+
+namespace tavisk {
+namespace {
+
+/// A signal that neither the host nor the toolkit uses; 0 if there is none.
+int freeSignal() {
+    sigset_t blocked;
+    if (pthread_sigmask(SIG_SETMASK, nullptr, &blocked) != 0) return 0;
+    // From the end, because programs that use these signals count from the start.
+    for (int number = SIGRTMAX - 1; number > SIGRTMIN; --number) {
+        struct sigaction action {};
+        if (sigaction(number, nullptr, &action) == 0 && !(action.sa_flags & SA_SIGINFO) &&
+            action.sa_handler == SIG_DFL && sigismember(&blocked, number) == 0)
+            return number;
+    }
+    return 0;
+}
+
+/// Nothing that a page of texts and pictures can do without.
+void restrictSettings(WebKitSettings& settings) {
+    // Scripts inside the page, and scripts that anything else would run in it.
+    constexpr std::array off{
+        "enable-javascript",
+        "enable-javascript-markup",
+        "javascript-can-open-windows-automatically",
+        "javascript-can-access-clipboard",
+        "allow-modal-dialogs",
+        "allow-file-access-from-file-urls",
+        "allow-universal-access-from-file-urls",
+        "allow-top-navigation-to-data-urls",
+        "enable-back-forward-navigation-gestures",
+        "enable-developer-extras",
+        "enable-dns-prefetching",
+        "enable-encrypted-media",
+        "enable-fullscreen",
+        "enable-html5-database",
+        "enable-html5-local-storage",
+        "enable-hyperlink-auditing",
+        "enable-media",
+        "enable-media-stream",
+        "enable-mediasource",
+        "enable-page-cache",
+        "enable-plugins",
+        "enable-webaudio",
+        "enable-webgl",
+        "enable-webrtc",
+    };
+    GObject* object = G_OBJECT(&settings);
+    for (const char* name : off) {
+        // The engine loses old settings and gains new ones with time.
+        const GParamSpec* property = g_object_class_find_property(G_OBJECT_GET_CLASS(object), name);
+        if (property && !(property->flags & G_PARAM_DEPRECATED))
+            g_object_set(object, name, FALSE, nullptr);
+    }
+    // The page names no encoding.
+    webkit_settings_set_default_charset(&settings, "windows-1252");
+}
+
+/// Whether what an entry of the browser's own menu does stays inside the page.
+bool staysInside(WebKitContextMenuAction action) {
+    switch (action) {
+        case WEBKIT_CONTEXT_MENU_ACTION_COPY:
+        case WEBKIT_CONTEXT_MENU_ACTION_COPY_IMAGE_TO_CLIPBOARD:
+        case WEBKIT_CONTEXT_MENU_ACTION_COPY_LINK_TO_CLIPBOARD: return true;
+        default: return false;
+    }
+}
+
+void disconnectToolkit(wxWebView& browser, WebKitWebView* view, const char* signal) {
+    g_signal_handlers_disconnect_matched(
+        view, static_cast<GSignalMatchType>(G_SIGNAL_MATCH_ID | G_SIGNAL_MATCH_DATA),
+        g_signal_lookup(signal, WEBKIT_TYPE_WEB_VIEW), 0, nullptr, nullptr, &browser);
+}
+
+}  // namespace
+
+void prepareBrowserEngine() {
+    static bool prepared = false;
+    if (std::exchange(prepared, true)) return;
+    // When it starts, the engine takes the handler of one signal for its garbage collector: the
+    // first one for users' purposes, which may be the host's, if this variable names no other. The
+    // variable itself would have to be set for the whole process, and makes the engine complain.
+    if (g_getenv("JSC_SIGNAL_FOR_GC")) return;
+    using Configure = bool (*)(int);
+    const auto configure =
+        reinterpret_cast<Configure>(dlsym(RTLD_DEFAULT, "JSConfigureSignalForGC"));
+    if (const int signal = freeSignal(); configure && signal != 0) configure(signal);
+}
+
+struct BrowserPolicy::Native {
+    WebKitWebView* view = nullptr;
+    BrowserEvents events;
+    std::string page;
+    bool loading = false;  ///< the page was asked for, and nothing has been answered yet
+
+    template <class... Arguments>
+    static void tell(const std::function<void(Arguments...)>& event,
+                     const std::type_identity_t<Arguments>&... arguments) noexcept {
+        try {
+            if (event) event(arguments...);
+        } catch (...) {
+            // Must not reach the engine; the window reports its own errors.
+        }
+    }
+
+    NavigationAnswer answer(const Navigation& navigation) {
+        // What a page asks for comes after the page itself.
+        if (loading && !navigation.newWindow && navigation.address == page) {
+            loading = false;
+            return NavigationAnswer::show;
+        }
+        return answerNavigation(navigation, page);
+    }
+
+    static gboolean decidePolicy(WebKitWebView*, WebKitPolicyDecision* decision,
+                                 WebKitPolicyDecisionType type, Native* self) {
+        if (type == WEBKIT_POLICY_DECISION_TYPE_RESPONSE) {
+            // What cannot be shown would become a download.
+            if (webkit_response_policy_decision_is_mime_type_supported(
+                    WEBKIT_RESPONSE_POLICY_DECISION(decision))) {
+                webkit_policy_decision_use(decision);
+            } else {
+                webkit_policy_decision_ignore(decision);
+            }
+            return TRUE;
+        }
+        WebKitNavigationAction* action = webkit_navigation_policy_decision_get_navigation_action(
+            WEBKIT_NAVIGATION_POLICY_DECISION(decision));
+        const char* uri = webkit_uri_request_get_uri(webkit_navigation_action_get_request(action));
+        const Navigation navigation{
+            .address = uri ? uri : "",
+            .linkClicked = webkit_navigation_action_get_navigation_type(action) ==
+                               WEBKIT_NAVIGATION_TYPE_LINK_CLICKED &&
+                           webkit_navigation_action_is_user_gesture(action),
+            .newWindow = type == WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION};
+        const NavigationAnswer answer = self->answer(navigation);
+        if (answer == NavigationAnswer::openOutside)
+            tell(self->events.addressClicked, std::string(navigation.address));
+        if (answer == NavigationAnswer::show) {
+            webkit_policy_decision_use(decision);
+        } else {
+            webkit_policy_decision_ignore(decision);
+        }
+        return TRUE;
+    }
+
+    static gboolean contextMenu(WebKitWebView*, WebKitContextMenu* menu, GdkEvent*,
+                                WebKitHitTestResult*, Native*) {
+        GList* items = g_list_copy(webkit_context_menu_get_items(menu));
+        for (GList* item = items; item; item = item->next) {
+            auto* entry = WEBKIT_CONTEXT_MENU_ITEM(item->data);
+            if (!staysInside(webkit_context_menu_item_get_stock_action(entry)))
+                webkit_context_menu_remove(menu, entry);
+        }
+        g_list_free(items);
+        webkit_context_menu_append(menu, webkit_context_menu_item_new_from_stock_action(
+                                             WEBKIT_CONTEXT_MENU_ACTION_SELECT_ALL));
+        return FALSE;
+    }
+
+    static void terminated(WebKitWebView*, WebKitWebProcessTerminationReason, Native* self) {
+        tell(self->events.ended);
+    }
+
+    static gboolean authenticate(WebKitWebView*, WebKitAuthenticationRequest* request, Native*) {
+        webkit_authentication_request_cancel(request);
+        return TRUE;
+    }
+
+    static gboolean chooseFile(WebKitWebView*, WebKitFileChooserRequest* request, Native*) {
+        webkit_file_chooser_request_cancel(request);
+        return TRUE;
+    }
+
+    static void downloadStarted(WebKitWebContext*, WebKitDownload* download, Native* self) {
+        if (webkit_download_get_web_view(download) == self->view) webkit_download_cancel(download);
+    }
+};
+
+BrowserPolicy::BrowserPolicy(wxWebView& browser, BrowserEvents events)
+    : native_(std::make_unique<Native>()) {
+    Native* native = native_.get();
+    native->view = WEBKIT_WEB_VIEW(browser.GetNativeBackend());
+    native->events = std::move(events);
+    restrictSettings(*webkit_web_view_get_settings(native->view));
+
+    // The toolkit's own handlers would answer first, and do not know whether the user clicked.
+    for (const char* signal : {"decide-policy", "create", "context-menu"})
+        disconnectToolkit(browser, native->view, signal);
+    const auto connect = [native](gpointer object, const char* signal, GCallback handler) {
+        g_signal_connect(object, signal, handler, native);
+    };
+    connect(native->view, "decide-policy", G_CALLBACK(Native::decidePolicy));
+    connect(native->view, "context-menu", G_CALLBACK(Native::contextMenu));
+    connect(native->view, "web-process-terminated", G_CALLBACK(Native::terminated));
+    connect(native->view, "authenticate", G_CALLBACK(Native::authenticate));
+    connect(native->view, "run-file-chooser", G_CALLBACK(Native::chooseFile));
+    connect(webkit_web_view_get_context(native->view), "download-started",
+            G_CALLBACK(Native::downloadStarted));
+    // A file dropped on the view would ask to replace the page.
+    gtk_drag_dest_unset(GTK_WIDGET(native->view));
+}
+
+BrowserPolicy::~BrowserPolicy() {
+    g_signal_handlers_disconnect_by_data(webkit_web_view_get_context(native_->view), native_.get());
+    g_signal_handlers_disconnect_by_data(native_->view, native_.get());
+}
+
+void BrowserPolicy::load(const std::string& address) {
+    native_->page = address;
+    native_->loading = true;
+    webkit_web_view_load_uri(native_->view, address.c_str());
+}
+
+}  // namespace tavisk
