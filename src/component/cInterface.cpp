@@ -3,11 +3,11 @@
 #include <limits>
 #include <string>
 #include <string_view>
+#include <tavisk/tavisk.h>
 
 #include "component/component.h"
 #include "platform/error.h"
 #include "platform/text.h"
-#include "tavisk/tavisk.h"
 
 namespace tavisk {
 namespace {

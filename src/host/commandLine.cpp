@@ -13,8 +13,8 @@ struct Command {
 };
 
 constexpr std::array commands{
-    Command{"render", Action::render},
-    Command{"save", Action::save},
+    Command{"edit", Action::edit},     Command{"preview", Action::preview},
+    Command{"render", Action::render}, Command{"save", Action::save},
     Command{"check", Action::check},
 };
 
@@ -35,6 +35,8 @@ struct Option {
 };
 
 constexpr std::array options{
+    Option{"-o", Action::edit, &CommandLine::output},
+    Option{"--evaluate", Action::preview, &CommandLine::evaluate},
     Option{"--folder", Action::render, &CommandLine::folder},
     Option{"--evaluate", Action::render, &CommandLine::evaluate},
     Option{"--folder", Action::save, &CommandLine::folder},

@@ -8,7 +8,7 @@
 
 namespace tavisk {
 
-enum class Action { help, version, render, save, check };
+enum class Action { help, version, edit, preview, render, save, check };
 
 struct CommandLine {
     Action action = Action::help;

@@ -1,17 +1,21 @@
 #include "host/commands.h"
 
+#include <filesystem>
 #include <optional>
 #include <ostream>
 #include <string_view>
 #include <utility>
 #include <variant>
 
+#include "document/helpDocument.h"
 #include "document/nodeKeys.h"
 #include "editor/helpSession.h"
 #include "editor/nodePanel.h"
 #include "host/check.h"
 #include "host/checkReport.h"
 #include "host/commandLine.h"
+#include "host/component.h"
+#include "host/editResult.h"
 #include "host/fileError.h"
 #include "host/helpText.h"
 #include "host/input.h"
@@ -31,6 +35,22 @@ class Command {
 public:
     Command(const CommandLine& line, const Streams& streams)
         : line_(line), streams_(streams), progress_(streams.err, streams.errIsTerminal) {}
+
+    ExitCode edit() {
+        const std::variant<std::string, Message> input = readText();
+        if (const Message* message = std::get_if<Message>(&input)) return reject(*message);
+        const auto& text = std::get<std::string>(input);
+        const std::string edited = Component().editXML(text);
+        writeEdited(text, edited);
+        return ExitCode::done;
+    }
+
+    ExitCode preview() {
+        const std::variant<std::string, Message> input = readText();
+        if (const Message* message = std::get_if<Message>(&input)) return reject(*message);
+        Component().previewXML(std::get<std::string>(input), line_.evaluate);
+        return ExitCode::done;
+    }
 
     ExitCode render() {
         std::variant<dom::Source, Message> input = read();
@@ -96,6 +116,47 @@ private:
         return readInput(line_.file, streams_.in);
     }
 
+    /// What the component is handed. It ends at a NUL, so a text with one inside, which is no XML,
+    /// is rejected here.
+    std::variant<std::string, Message> readText() {
+        std::variant<dom::Source, Message> input = read();
+        progress_.end();
+        if (Message* message = std::get_if<Message>(&input)) return std::move(*message);
+        const auto& source = std::get<dom::Source>(input);
+        std::string text(source.bytes.get(), source.size);
+        if (text.find('\0') == std::string::npos) return text;
+        auto opened = openHelpDocument(dom::Source::copy(text));
+        if (Message* message = std::get_if<Message>(&opened)) return std::move(*message);
+        raise(ErrorNumber::invalidArgument);
+    }
+
+    void writeEdited(const std::string& handedOver, const std::string& edited) {
+        const bool back = !line_.output || isSameFile(line_.file, *line_.output);
+        const std::string& target = line_.output ? *line_.output : line_.file;
+        try {
+            if (target == "-") {
+                writeStandardOutput(streams_.out, edited);
+            } else if (!back || isEdited(handedOver, edited)) {
+                writeOutputFile(files_, target,
+                                [&edited](const Files::Write& write) { write(edited); });
+            }
+        } catch (...) {
+            keep(edited);
+            throw;
+        }
+    }
+
+    /// For the user's work, when its own place fails.
+    void keep(const std::string& edited) {
+        try {
+            const std::string folder = std::filesystem::temp_directory_path().generic_string();
+            const std::string path = keepEdited(disk_, folder, line_.file, edited);
+            streams_.err << "The edited document is kept in " << path << '\n';
+        } catch (...) {
+            streams_.err << "The edited document could not be kept.\n";
+        }
+    }
+
     std::optional<Message> load(HelpSession& session, std::variant<dom::Source, Message> input) {
         progress_.phase("loading the document");
         return session.load(std::get<dom::Source>(std::move(input)), HelpSession::Keep::nothing);
@@ -129,6 +190,8 @@ private:
 
 ExitCode run(const CommandLine& line, const Streams& streams) {
     switch (line.action) {
+        case Action::edit: return Command(line, streams).edit();
+        case Action::preview: return Command(line, streams).preview();
         case Action::render: return Command(line, streams).render();
         case Action::save: return Command(line, streams).save();
         case Action::check: return Command(line, streams).check();
@@ -143,6 +206,9 @@ ExitCode run(const CommandLine& line, const Streams& streams) {
 ExitCode report(const RunTimeError& error, const std::string* file, const Streams& streams) {
     streams.err << "Run-time error '" << error.number() << "': " << error.what() << '\n';
     if (file != nullptr) streams.err << "File: " << *file << '\n';
+    if (error.number() == static_cast<int>(ErrorNumber::cannotLoadObject)) {
+        streams.err << "A window needs a display: is DISPLAY or WAYLAND_DISPLAY set?\n";
+    }
     streams.err << std::flush;
     return ExitCode::runTimeError;
 }
@@ -159,6 +225,12 @@ ExitCode runCommand(std::span<const std::string> arguments, const Streams& strea
         return run(std::get<CommandLine>(parsed), streams);
     } catch (const FileError& error) {
         return report(error, &error.file(), streams);
+    } catch (const ComponentMissing& error) {
+        streams.err << "tavisk: " << error.what() << '\n' << std::flush;
+        return ExitCode::runTimeError;
+    } catch (const DocumentRejected&) {
+        streams.err << "tavisk: the document was rejected\n" << std::flush;
+        return ExitCode::rejected;
     } catch (...) {
         return report(currentRunTimeError(), nullptr, streams);
     }

@@ -4,13 +4,15 @@ namespace tavisk {
 namespace {
 
 constexpr std::string_view toolText =
-    R"(tavisk - help documents of cabinets, without a window
+    R"(tavisk - help documents of cabinets
 
 A help document is one XML file: a tree of help nodes below its "cabinet" element, with the formulas
-and pictures that the texts refer to. This command does with it what the editor does, for build
-servers and scripts.
+and pictures that the texts refer to. "edit" and "preview" open the windows that a host program
+opens; the other commands do without a window what the editor does, for build servers and scripts.
 
 Usage:
+  tavisk edit FILE [-o OUT]                           edit the document in a window
+  tavisk preview FILE [--evaluate]                    show the page in a window
   tavisk render FILE --folder DIR [--evaluate]        write the HTML page
   tavisk save FILE [--refresh KEY] [-o OUT]           load, then save as the editor's OK does
   tavisk check FILE [--json]                          report what an author should mend
@@ -21,6 +23,7 @@ FILE is UTF-8, or UTF-16 with a byte order mark; "-" is standard input. Options 
 after FILE; behind "--" everything is FILE.
 
 A first page:
+  tavisk edit kitchen.xml
   tavisk check kitchen.xml
   tavisk render kitchen.xml --folder out --evaluate
   xdg-open out/temp.html
@@ -29,8 +32,53 @@ Exit codes:
   0  done; for check: nothing found
   1  check found something
   2  the command line is wrong
-  3  the document was rejected; standard error says why
-  4  run-time error, for example an unreadable file or a full disk
+  3  the document was rejected; standard error, or a window, said why
+  4  run-time error, for example an unreadable file, a full disk or no display
+)";
+
+constexpr std::string_view editText =
+    R"(Usage: tavisk edit FILE [-o OUT]
+
+Opens the editor and waits until its window is closed. Closed with OK, or with a Yes to the question
+whether to save, the document is written back to FILE, as UTF-8; after a No, FILE stays as it is to
+the byte. It is replaced whole or, after an error, left as it was; a document that could not be
+written is kept in the folder for temporary files, and standard error says where.
+
+With "-" for FILE the document comes from standard input, and whatever the editor returns goes to
+standard output, after a No too: then as loading wrote it anew.
+
+  -o OUT         write what the editor returns to OUT, after a No too, and leave FILE alone. "-" is
+                 standard output.
+
+The window is that of the component, libtavisk.so, which is looked for beside this command, then in
+../lib from there, then on the system's library path. It needs a display.
+
+Examples:
+  tavisk edit kitchen.xml
+  compute-values < kitchen.xml | tavisk edit - -o kitchen.xml
+
+Exit codes: 0 the editor was closed, 2 usage, 3 document rejected (a window said why), 4 run-time
+error.
+)";
+
+constexpr std::string_view previewText =
+    R"(Usage: tavisk preview FILE [--evaluate]
+
+Shows the page of the document in a window and waits until it is closed. The page is the file
+temp.html in the folder of the component, libtavisk.so, or, where that may not be written, in
+$XDG_DATA_HOME/tavisk.
+
+  --evaluate     fill in the values of the formulas, the pictures and the overlays. Without it the
+                 texts show their tokens as typed.
+
+The component is looked for beside this command, then in ../lib from there, then on the system's
+library path. The window needs a display; "tavisk render" needs none.
+
+Examples:
+  tavisk preview kitchen.xml --evaluate
+
+Exit codes: 0 the window was closed, 2 usage, 3 document rejected (a window said why), 4 run-time
+error.
 )";
 
 constexpr std::string_view renderText =
@@ -117,6 +165,8 @@ Exit codes: 0 nothing found, 1 something found (a rejected document too), 2 usag
 
 std::string_view helpText(std::optional<Action> topic) {
     switch (topic.value_or(Action::help)) {
+        case Action::edit: return editText;
+        case Action::preview: return previewText;
         case Action::render: return renderText;
         case Action::save: return saveText;
         case Action::check: return checkText;

@@ -53,6 +53,21 @@ TEST(CommandLine, SaveTakesItsOptions) {
     EXPECT_FALSE(line.refreshKey);
 }
 
+TEST(CommandLine, EditTakesAnOutput) {
+    const CommandLine line = accepted({"edit", "a.xml", "-o", "b.xml"});
+    EXPECT_EQ(line.action, Action::edit);
+    EXPECT_EQ(line.file, "a.xml");
+    EXPECT_EQ(line.output, "b.xml");
+}
+
+TEST(CommandLine, PreviewTakesEvaluate) {
+    const CommandLine line = accepted({"preview", "--evaluate", "a.xml"});
+    EXPECT_EQ(line.action, Action::preview);
+    EXPECT_EQ(line.file, "a.xml");
+    EXPECT_TRUE(line.evaluate);
+    EXPECT_FALSE(accepted({"preview", "a.xml"}).evaluate);
+}
+
 TEST(CommandLine, CheckTakesJson) {
     EXPECT_TRUE(accepted({"check", "a.xml", "--json"}).json);
     EXPECT_FALSE(accepted({"check", "a.xml"}).json);
@@ -146,7 +161,7 @@ TEST(CommandLine, RefusesAValueGivenTwice) {
 }
 
 TEST(CommandLine, RefusesHelpOnWhatIsNoCommand) {
-    EXPECT_EQ(refused({"help", "edit"}), "tavisk: no help on \"edit\" (try \"tavisk --help\")");
+    EXPECT_EQ(refused({"help", "open"}), "tavisk: no help on \"open\" (try \"tavisk --help\")");
     EXPECT_EQ(refused({"help", "save", "x"}), "tavisk: no help on \"x\" (try \"tavisk --help\")");
 }
 

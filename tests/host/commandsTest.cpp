@@ -34,7 +34,7 @@ TEST(Command, HelpAndVersionGoToStandardOutput) {
     EXPECT_EQ(help.exit, 0);
     EXPECT_EQ(help.err, "");
     EXPECT_TRUE(help.out.starts_with("tavisk - ")) << help.out;
-    for (const char* command : {"render", "save", "check"}) {
+    for (const char* command : {"edit", "preview", "render", "save", "check"}) {
         const std::string usage = "Usage: tavisk " + std::string(command) + " FILE";
         EXPECT_TRUE(runIt({command, "--help"}).out.starts_with(usage)) << command;
     }

@@ -44,10 +44,22 @@ class LayersTest(unittest.TestCase):
 
     def test_only_wx_folders_know_wxwidgets(self):
         self.assertEqual(
-            ['editor/a.cpp: "editor/wx/frame.h": only a wx folder may know a wx folder',
+            ['editor/a.cpp: "editor/wx/frame.h": only a wx folder and the component may know a wx folder',
              "editor/a.cpp: <wx/frame.h>: only a wx folder knows wxWidgets"],
             self.check({"editor/wx/frame.h": "#include <wx/frame.h>\n",
                         "editor/a.cpp": '#include "editor/wx/frame.h"\n#include <wx/frame.h>\n'}))
+
+    def test_the_component_opens_windows_but_has_no_widgets(self):
+        self.assertEqual(
+            ["component/a.cpp: <wx/frame.h>: only a wx folder knows wxWidgets"],
+            self.check({"editor/wx/frame.h": "",
+                        "component/a.cpp": '#include "editor/wx/frame.h"\n'
+                                           "#include <wx/frame.h>\n"}))
+
+    def test_the_command_is_linked_without_the_component(self):
+        self.assertEqual(
+            ['host/a.cpp: "component/a.h": the command loads the component at run time'],
+            self.check({"component/a.h": "", "host/a.cpp": '#include "component/a.h"\n'}))
 
     def test_a_file_outside_the_layers_is_found(self):
         self.assertEqual(["main.cpp: belongs to no layer"], self.check({"main.cpp": ""}))

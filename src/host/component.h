@@ -1,0 +1,43 @@
+// The component with the windows, loaded at run time as any host loads it, so that a command
+// without a window starts no toolkit.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "platform/error.h"
+
+namespace tavisk {
+
+/// Says in one line why the component cannot be loaded.
+class ComponentMissing : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Error 364: the document was rejected, and the user has been told in a window.
+class DocumentRejected : public RunTimeError {
+public:
+    DocumentRejected() : RunTimeError(ErrorNumber::objectUnloaded) {}
+};
+
+class Component {
+public:
+    /// Looks beside the command, then in "../lib", then where the system keeps libraries.
+    Component();
+
+    /// The document as the user left it. No NUL may be inside.
+    std::string editXML(const std::string& xml) const;
+    void previewXML(const std::string& xml, bool evaluateFormula) const;
+
+private:
+    struct Functions {
+        int (*edit)(const char*, char**, char**);
+        int (*preview)(const char*, int, char**);
+        void (*free)(void*);
+    };
+
+    Functions functions_;
+};
+
+}  // namespace tavisk

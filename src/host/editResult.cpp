@@ -1,0 +1,41 @@
+#include "host/editResult.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "editor/helpSession.h"
+#include "host/noFiles.h"
+
+namespace tavisk {
+
+namespace fs = std::filesystem;
+
+bool isEdited(const std::string& handedOver, const std::string& returned) {
+    if (returned == handedOver) return false;
+    NoFiles none;
+    HelpSession session(none, "");
+    try {
+        return session.load(dom::Source::copy(handedOver)) || session.xmlText != returned;
+    } catch (const RunTimeError&) {
+        return true;
+    }
+}
+
+bool isSameFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    return fs::equivalent(a, b, error);
+}
+
+std::string keepEdited(Files& files, const std::string& folder, const std::string& file,
+                       const std::string& document) {
+    const std::string stem = file == "-" ? "document" : fs::path(file).stem().string();
+    for (int number = 1;; ++number) {
+        const std::string suffix = number == 1 ? "" : "-" + std::to_string(number);
+        const std::string path = folder + "/" + stem + "-edited" + suffix + ".xml";
+        if (files.fileExists(path) || files.folderExists(path)) continue;
+        files.replace(path, {document});
+        return path;
+    }
+}
+
+}  // namespace tavisk
