@@ -72,6 +72,12 @@ public:
         controls().txtValue->SetValue(toWx(text));  // unlike ChangeValue, with the event
     }
 
+    /// The report of an error that what comes next must end in.
+    void expectReport(int number, const std::string& text) {
+        dialogs.expectBox("Run-time error '" + std::to_string(number) + "':\n\n" + text, "Tavisk",
+                          wxOK | wxICON_ERROR);
+    }
+
     std::string tree() const { return core.tree(); }
     std::string current() const { return core.current(); }
     static std::string label(const wxWindow* control) {
