@@ -24,14 +24,21 @@
 
 namespace tavisk::test {
 
+/// A whole document.
+struct HelpXml {
+    std::string text;
+};
+
 /// Shown, not modal, so that a test can go on. What is clicked runs its handler before the call
 /// returns.
 class EditorWindow {
 public:
     /// `nodes` stand in the `cabinet` element, `elements` behind it.
-    explicit EditorWindow(std::string_view nodes, std::string_view elements = {}) {
-        const auto refusal = core.load("<cabinetinfo><cabinet>" + std::string(nodes) +
-                                       "</cabinet>" + std::string(elements) + "</cabinetinfo>");
+    explicit EditorWindow(std::string_view nodes, std::string_view elements = {})
+        : EditorWindow(HelpXml{"<cabinetinfo><cabinet>" + std::string(nodes) + "</cabinet>" +
+                               std::string(elements) + "</cabinetinfo>"}) {}
+    explicit EditorWindow(const HelpXml& document) {
+        const auto refusal = core.load(document.text);
         if (refusal) throw std::runtime_error("the test's own document: " + refusal->text);
         window = new frmMain(core.session);
         window->Show();
@@ -57,6 +64,7 @@ public:
         list->SetSelection(index);
         send(*list, wxEVT_CHOICE, list->GetId());
     }
+    void fileMenu(const wxMenuItem* entry) { send(*window, wxEVT_MENU, entry->GetId()); }
     /// The entry of the node menu with this name, for example "cmdNew".
     void menu(std::string_view name) { send(*window, wxEVT_MENU, menuId(named(name))); }
     /// The toolbar button with this tool tip.
