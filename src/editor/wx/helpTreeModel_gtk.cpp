@@ -64,28 +64,30 @@ GtkTreePath* get_path(GtkTreeModel* model, GtkTreeIter* iterator) {
 
 void get_value(GtkTreeModel*, GtkTreeIter* iterator, gint, GValue* value) {
     // The shown name, made without an allocation that could throw through GTK.
-    const std::string_view name = nodeAt(*iterator)->baseName();
-    gchar* const text = g_strndup(name.data(), name.size());
+    const dom::Node* const node = nodeAt(*iterator);
+    const std::string_view name = node ? node->baseName() : std::string_view();
+    gchar* const text = name.empty() ? g_strdup("") : g_strndup(name.data(), name.size());
     g_value_init(value, G_TYPE_STRING);
     g_value_take_string(value, g_strdelimit(text, "_", ' '));
 }
 
 gboolean iter_next(GtkTreeModel* model, GtkTreeIter* iterator) {
     dom::Node* const node = nodeAt(*iterator);
-    return pointAt(iterator, node == topOf(model) ? nullptr : node->next());
+    return pointAt(iterator, node && node != topOf(model) ? node->next() : nullptr);
 }
 
 gboolean iter_children(GtkTreeModel* model, GtkTreeIter* iterator, GtkTreeIter* parent) {
-    return pointAt(iterator, parent ? nodeAt(*parent)->firstChild() : topOf(model));
+    return pointAt(iterator, parent ? childAt(nodeAt(*parent), 0) : topOf(model));
 }
 
 gboolean iter_has_child(GtkTreeModel*, GtkTreeIter* iterator) {
-    return nodeAt(*iterator)->hasChildren();
+    return childAt(nodeAt(*iterator), 0) != nullptr;
 }
 
 gint iter_n_children(GtkTreeModel* model, GtkTreeIter* iterator) {
     if (!iterator) return topOf(model) ? 1 : 0;
-    return static_cast<gint>(nodeAt(*iterator)->childCount());
+    const dom::Node* const node = nodeAt(*iterator);
+    return node ? static_cast<gint>(node->childCount()) : 0;
 }
 
 gboolean iter_nth_child(GtkTreeModel* model, GtkTreeIter* iterator, GtkTreeIter* parent, gint n) {
@@ -95,7 +97,7 @@ gboolean iter_nth_child(GtkTreeModel* model, GtkTreeIter* iterator, GtkTreeIter*
 
 gboolean iter_parent(GtkTreeModel* model, GtkTreeIter* iterator, GtkTreeIter* child) {
     dom::Node* const node = nodeAt(*child);
-    return pointAt(iterator, node == topOf(model) ? nullptr : node->parent());
+    return pointAt(iterator, node && node != topOf(model) ? node->parent() : nullptr);
 }
 
 void fillInterface(gpointer functions, gpointer) {

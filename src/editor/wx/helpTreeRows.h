@@ -51,7 +51,6 @@ public:
     wxRect GetItemRect(const wxDataViewItem& item, const wxDataViewColumn* column) const override;
     void Collapse(const wxDataViewItem& item) override;
     bool IsExpanded(const wxDataViewItem& item) const override;
-    void OnInternalIdle() override;
 
 protected:
     void DoExpand(const wxDataViewItem& item, bool expandChildren) override;

@@ -3,7 +3,6 @@
 #include <numeric>
 #include <utility>
 #include <vector>
-#include <wx/app.h>
 
 #include "editor/wx/helpTreeModel_gtk.h"
 #include "editor/wx/helpTreeRows.h"
@@ -46,6 +45,8 @@ struct HelpTreeRows::Native {
     dom::Node* const* top = nullptr;
     bool otherRowsInView = false;
     bool revealSelected = false;
+    guint frameCallback = 0;
+    int framesLeft = 0;
 
     void connect();
     void disconnect();
@@ -56,12 +57,14 @@ struct HelpTreeRows::Native {
     void nextShown(Path& path) const;
     int leftOf(const Path& path) const;
     int rightOf(const Path& path) const;
-    bool growColumn();
-    void reveal();
+    void settle();
+    void onFrame();
+    void growColumn();
+    bool reveal() const;
 };
 
 void HelpTreeRows::Native::connect() {
-    const auto onOtherRows = +[](Native* native) { native->otherRowsInView = true; };
+    const auto onOtherRows = +[](Native* native) { native->settle(); };
     GtkAdjustment* const down = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(view));
     g_signal_connect_swapped(down, "value-changed", G_CALLBACK(onOtherRows), this);
     for (const char* change : {"row-expanded", "size-allocate", "style-updated"})
@@ -77,6 +80,7 @@ void HelpTreeRows::Native::disconnect() {
     g_signal_handlers_disconnect_by_data(gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(view)),
                                          this);
     g_signal_handlers_disconnect_by_data(view, this);
+    if (frameCallback != 0) gtk_widget_remove_tick_callback(GTK_WIDGET(view), frameCallback);
 }
 
 Path HelpTreeRows::Native::pathTo(dom::Node& row) const {
@@ -99,7 +103,8 @@ void HelpTreeRows::Native::select(dom::Node& row) {
     }
     gtk_tree_view_set_cursor(view, path.get(), nullptr, FALSE);
     gtk_tree_view_scroll_to_cell(view, path.get(), nullptr, FALSE, 0, 0);
-    revealSelected = otherRowsInView = true;
+    revealSelected = true;
+    settle();
 }
 
 /// A row that gets its first child, or loses its last one, shows that.
@@ -141,33 +146,69 @@ int HelpTreeRows::Native::rightOf(const Path& path) const {
     return leftOf(path) + width;
 }
 
+/// What depends on places waits for them: only with the next frames, GTK knows where rows are.
+void HelpTreeRows::Native::settle() {
+    constexpr int framesUntilPlaced = 3;
+    framesLeft = framesUntilPlaced;
+    otherRowsInView = true;
+    if (frameCallback != 0) return;
+    const auto everyFrame = +[](GtkWidget*, GdkFrameClock*, void* self) -> gboolean {
+        auto* const native = static_cast<Native*>(self);
+        native->onFrame();
+        if (native->framesLeft > 0) return G_SOURCE_CONTINUE;
+        native->frameCallback = 0;
+        return G_SOURCE_REMOVE;
+    };
+    frameCallback = gtk_widget_add_tick_callback(GTK_WIDGET(view), everyFrame, this, nullptr);
+}
+
+void HelpTreeRows::Native::onFrame() {
+    --framesLeft;
+    if (!model) return;
+    if (std::exchange(otherRowsInView, false)) growColumn();
+    if (revealSelected) revealSelected = !reveal();
+}
+
 /// The column is as wide as the widest row that has been in view: measuring every row, as GTK would
-/// do, takes seconds for a large document. Returns whether it has become wider.
-bool HelpTreeRows::Native::growColumn() {
+/// do, takes seconds for a large document.
+void HelpTreeRows::Native::growColumn() {
     GtkTreePath* first = nullptr;
     GtkTreePath* last = nullptr;
-    if (!gtk_tree_view_get_visible_range(view, &first, &last)) return false;
+    if (!gtk_tree_view_get_visible_range(view, &first, &last)) return;
     Path path(first);
     const Path end(last);
     int width = gtk_tree_view_column_get_fixed_width(column);
-    const int before = width;
     while (path && gtk_tree_path_compare(path.get(), end.get()) <= 0) {
         width = std::max(width, rightOf(path));
         nextShown(path);
     }
-    if (width > before) gtk_tree_view_column_set_fixed_width(column, width);
-    return width > before;
+    // Setting it would place all rows again, even to the same width.
+    if (width > gtk_tree_view_column_get_fixed_width(column))
+        gtk_tree_view_column_set_fixed_width(column, width);
 }
 
-/// Brings the selected row's text into view from the side. Up and down, the view itself does it.
-void HelpTreeRows::Native::reveal() {
+/// Returns whether the selected row is in view, as far as it fits.
+bool HelpTreeRows::Native::reveal() const {
     const Path path = selectedPath();
-    if (!path) return;
+    if (!path) return true;
+    GdkRectangle row;
+    GdkRectangle seen;
+    gtk_tree_view_get_background_area(view, path.get(), column, &row);
+    gtk_tree_view_get_visible_rect(view, &seen);
+    const bool above = row.y < 0;
+    const bool below = row.y + row.height > std::max(seen.height, row.height);
+    if (above || below) gtk_tree_view_scroll_to_cell(view, path.get(), nullptr, FALSE, 0, 0);
+
     GtkAdjustment* const across = gtk_scrollable_get_hadjustment(GTK_SCROLLABLE(view));
     int expander = 0;
     gtk_widget_style_get(GTK_WIDGET(view), "expander-size", &expander, nullptr);
     const int left = std::max(leftOf(path) - 2 * expander, 0);
-    gtk_adjustment_clamp_page(across, left, std::max(rightOf(path), left));
+    const int right = std::min(rightOf(path), left + seen.width);
+    // Clamping the page would be animated, which a change of the layout meanwhile turns back.
+    const double value = gtk_adjustment_get_value(across);
+    const double furthest = std::max(value, right - gtk_adjustment_get_page_size(across));
+    gtk_adjustment_set_value(across, std::min<double>(furthest, left));
+    return !above && !below && right <= gtk_adjustment_get_upper(across);
 }
 
 HelpTreeRows::HelpTreeRows(wxWindow* parent)
@@ -210,8 +251,8 @@ void HelpTreeRows::showRows(dom::Node* const& top) {
 void HelpTreeRows::hideRows() {
     if (!native_->model) return;
     const SelectionEventsSuppressor quiet(this);
-    clearHelpTreeModel(native_->model);
     gtk_tree_view_set_model(native_->view, nullptr);
+    clearHelpTreeModel(native_->model);
     g_object_unref(native_->model);
     native_->model = nullptr;
     native_->top = nullptr;
@@ -231,7 +272,7 @@ void HelpTreeRows::rowInserted(dom::Node& row) {
     gtk_tree_model_row_inserted(native_->model, native_->pathTo(row).get(), &iterator);
     if (row.hasChildren()) native_->toldOfChildren(row);
     if (!row.previous() && !row.next()) native_->toldOfChildren(*row.parent());
-    native_->otherRowsInView = true;
+    native_->settle();
 }
 
 void HelpTreeRows::rowRemoved(dom::Node& parent, std::size_t index) {
@@ -240,14 +281,14 @@ void HelpTreeRows::rowRemoved(dom::Node& parent, std::size_t index) {
     gtk_tree_path_append_index(path.get(), static_cast<gint>(index));
     gtk_tree_model_row_deleted(native_->model, path.get());
     if (!parent.hasChildren()) native_->toldOfChildren(parent);
-    native_->otherRowsInView = true;
+    native_->settle();
 }
 
 void HelpTreeRows::rowReplaced(dom::Node& row) {
     const SelectionEventsSuppressor quiet(this);
     GtkTreeIter iterator = iteratorAt(row);
     gtk_tree_model_row_changed(native_->model, native_->pathTo(row).get(), &iterator);
-    native_->otherRowsInView = true;
+    native_->settle();
 }
 
 void HelpTreeRows::rowMoved(dom::Node& row, std::size_t from) {
@@ -265,7 +306,7 @@ void HelpTreeRows::rowMoved(dom::Node& row, std::size_t from) {
     GtkTreeIter iterator = iteratorAt(parent);
     gtk_tree_model_rows_reordered(native_->model, native_->pathTo(parent).get(), &iterator,
                                   formerPlaces.data());
-    native_->otherRowsInView = true;
+    native_->settle();
 }
 
 dom::Node* HelpTreeRows::selected() const {
@@ -284,6 +325,9 @@ void HelpTreeRows::choose(dom::Node& row) { native_->select(row); }
 
 void HelpTreeRows::selectNothing() {
     const SelectionEventsSuppressor quiet(this);
+    // A view without a cursor selects its first row as soon as it gets the focus.
+    const Path top(gtk_tree_path_new_first());
+    gtk_tree_view_set_cursor(native_->view, top.get(), nullptr, FALSE);
     gtk_tree_selection_unselect_all(gtk_tree_view_get_selection(native_->view));
 }
 
@@ -337,16 +381,6 @@ void HelpTreeRows::DoExpand(const wxDataViewItem& item, bool expandChildren) {
     if (gtk_tree_path_get_depth(path.get()) > 1)
         gtk_tree_view_expand_to_path(native_->view, native_->pathTo(*row.parent()).get());
     gtk_tree_view_expand_row(native_->view, path.get(), expandChildren ? TRUE : FALSE);
-}
-
-void HelpTreeRows::OnInternalIdle() {
-    wxDataViewCtrl::OnInternalIdle();
-    if (!native_->model || !gtk_widget_get_mapped(GTK_WIDGET(native_->view))) return;
-    if (std::exchange(native_->otherRowsInView, false) && native_->growColumn()) {
-        wxWakeUpIdle();  // for what follows, when the column has its new place
-    } else if (std::exchange(native_->revealSelected, false)) {
-        native_->reveal();
-    }
 }
 
 }  // namespace tavisk

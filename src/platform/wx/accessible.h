@@ -9,4 +9,7 @@ namespace tavisk {
 /// The name that screen readers tell instead of the caption.
 void setAccessibleName(wxWindow& control, const wxString& name);
 
+/// The same for a control that shows nothing but a picture.
+void setAccessiblePicture(wxWindow& control, const wxString& name);
+
 }  // namespace tavisk

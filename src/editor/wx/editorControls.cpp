@@ -1,0 +1,114 @@
+#include "editor/wx/editorControls.h"
+
+#include <algorithm>
+#include <wx/display.h>
+#include <wx/frame.h>
+#include <wx/panel.h>
+#include <wx/scrolwin.h>
+#include <wx/splitter.h>
+
+#include "editor/wx/editorParts.h"
+#include "editor/wx/helpTree.h"
+#include "platform/wx/nativeExtras.h"
+
+namespace tavisk {
+namespace {
+
+/// Without the frame that a desktop draws around: with it, 1024 by 700 are enough everywhere.
+const wxSize leastSize(1012, 650);
+const wxSize roomForFrame(12, 50);
+const wxSize usualSize(1200, 860);
+constexpr int leastTreeWidth = 160;
+constexpr int usualTreeWidth = 210;
+
+wxSizer* buildButtons(wxWindow* parent, EditorControls& controls) {
+    controls.cmdPreview = newButton(parent, "cmdPreview", "Previe&w Help File");
+    controls.cmdRefreshButton = newButton(parent, "cmdRefreshButton", "&Refresh Formula Values");
+    const auto newOK = [&] { return controls.cmdOK = newButton(parent, "cmdOK", "&OK"); };
+    const auto newCancel = [&] {
+        return controls.cmdCancel = newButton(parent, "cmdCancel", "&Cancel");
+    };
+    // In the desktop's order, with the Tab key too.
+    wxButton* const first = okStandsLast() ? newCancel() : newOK();
+    wxButton* const last = okStandsLast() ? newOK() : newCancel();
+
+    auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
+    sizer->Add(row({controls.cmdPreview, controls.cmdRefreshButton}),
+               wxSizerFlags().CentreVertical());
+    sizer->AddStretchSpacer();
+    sizer->Add(row({first, last}), wxSizerFlags().CentreVertical());
+    return sizer;
+}
+
+/// The space between the tree and the frames can be dragged; a line in it would be one too many.
+class Splitter final : public wxSplitterWindow {
+public:
+    explicit Splitter(wxWindow* parent)
+        : wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                           wxSP_LIVE_UPDATE | wxSP_NOBORDER) {}
+
+protected:
+    void DrawSash(wxDC&) override {}
+};
+
+/// Scrolls when large letters or a dragged splitter leave too little room.
+wxWindow* buildDetails(wxWindow* parent, EditorControls& controls) {
+    auto* const details = new wxScrolledWindow(parent);
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(buildEditing(details, controls), wxSizerFlags(1).Expand());
+    sizer->AddSpacer(groupSpacing);
+    sizer->Add(buildFormatting(details, controls), wxSizerFlags().Expand());
+    auto* const margin = new wxBoxSizer(wxVERTICAL);
+    margin->Add(sizer, wxSizerFlags(1).Expand().Border(wxLEFT, spacing));
+    details->SetSizer(margin);
+    details->SetScrollRate(spacing, spacing);
+    return details;
+}
+
+/// As large as is usual, but not larger than the screen.
+void setSizes(wxFrame& frame) {
+    wxSize size = usualSize;
+    const int display = wxDisplay::GetFromWindow(&frame);
+    size.DecTo(wxDisplay(display == wxNOT_FOUND ? 0U : static_cast<unsigned>(display))
+                   .GetClientArea()
+                   .GetSize() -
+               roomForFrame);
+    size.IncTo(leastSize);
+    frame.SetMinSize(leastSize);
+    frame.SetSize(size);
+    frame.CentreOnScreen();
+    placeByRealSize(frame);
+}
+
+}  // namespace
+
+EditorControls buildEditor(wxFrame& frame) {
+    frame.SetName("frmMain");
+    frame.SetTitle("Library Help XML Editor");
+    // Before there is anything in it: laid out in a tiny window, controls have no room at all.
+    setSizes(frame);
+    EditorControls controls;
+    buildMenus(frame, controls);
+    buildToolbar(frame, controls);
+
+    auto* const root = new wxPanel(&frame);
+    auto* const split = new Splitter(root);
+    controls.TreeXML = new HelpTree(split);
+    controls.TreeXML->SetName("TreeXML");
+    split->SetMinimumPaneSize(leastTreeWidth);
+    split->SplitVertically(controls.TreeXML, buildDetails(split, controls), usualTreeWidth);
+
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(split, wxSizerFlags(1).Expand().Border(wxALL, groupSpacing));
+    sizer->Add(buildButtons(root, controls),
+               wxSizerFlags().Expand().Border(wxALL & ~wxTOP, groupSpacing));
+    root->SetSizer(sizer);
+
+    describeControls(frame);
+    controls.cmdOK->SetDefault();
+    setCancelButton(frame, *controls.cmdCancel);
+
+    return controls;
+}
+
+}  // namespace tavisk

@@ -1,0 +1,39 @@
+// What native controls can do and wxWidgets does not offer.
+#pragma once
+
+class wxButton;
+class wxCheckBox;
+class wxChoice;
+class wxStaticBox;
+class wxStaticText;
+class wxTopLevelWindow;
+
+namespace tavisk {
+
+/// To be called before the window is first shown. Otherwise the window manager may place it by a
+/// size of a few pixels, which is what it has until its frame is known.
+void placeByRealSize(wxTopLevelWindow& window);
+
+/// Escape clicks the button when the control that has the focus does not need the key itself, for
+/// example to give up what an input method is composing.
+void setCancelButton(wxTopLevelWindow& window, wxButton& button);
+
+/// Whether the desktop has OK at the right of Cancel.
+bool okStandsLast();
+
+/// Lets the frame's line begin before its caption.
+void insetCaption(wxStaticBox& frame);
+
+/// Draws the caption underlined; the font of a check box does not on every platform.
+void underlineCaption(wxCheckBox& box);
+
+/// Wraps the text into the label's width; what does not fit into this many lines is left out.
+void wrapText(wxStaticText& label, int lines);
+
+/// Room around the text, for a label with a background of its own.
+void padText(wxStaticText& label);
+
+/// An entry that is longer than the list is wide is shown with its middle left out.
+void elideChosen(wxChoice& list);
+
+}  // namespace tavisk
