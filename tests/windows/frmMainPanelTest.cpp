@@ -468,7 +468,9 @@ TEST_F(FrmMainPanel, StyleBeyond32BitsIsReported) {
 }
 
 TEST_F(FrmMainPanel, TextThatIsTooLongIsShownAndReportedAndLost) {
-    const std::string value(32768, 'x');
+    std::string value;
+    while (value.size() < 32768)
+        value += "xxxxxxx ";  // laying out one long word takes this toolkit seconds
     EditorWindow editor(R"(<a style="1"/><b style="2" value=")" + value + "\"/><c/>");
     editor.expectReport(6, "Overflow");
     editor.select("cabinet=>b");
