@@ -1,0 +1,166 @@
+// A frame with nothing but the tree, and what the tree shows as text.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <gtk/gtk.h>
+#include <map>
+#include <string>
+#include <string_view>
+#include <wx/frame.h>
+#include <wx/uiaction.h>
+
+#include "document/helpNames.h"
+#include "editor/editorSession.h"
+#include "editor/wx/helpTree.h"
+#include "windows/support/pump.h"
+
+namespace tavisk::test {
+
+/// One line per row, in order, each level indented by one space. A row with children has "-" behind
+/// its name when it is expanded, else "+".
+inline std::string rowLine(std::size_t level, const std::string& name, bool children,
+                           bool expanded) {
+    return std::string(level, ' ') + name + (expanded ? " -" : children ? " +" : "") + '\n';
+}
+
+/// The rows as the native view has them, from top to bottom, whether scrolled into view or not.
+inline std::string shownRows(HelpTree& tree) {
+    GtkTreeView* const view = GTK_TREE_VIEW(tree.GtkGetTreeView());
+    GtkTreeModel* const model = gtk_tree_view_get_model(view);
+    GtkAdjustment* const down = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(view));
+    const double scrolled = gtk_adjustment_get_value(down);
+    gtk_adjustment_set_value(down, 0);  // above the upper edge, the view finds no rows
+    GdkRectangle row;
+    GtkTreePath* path = gtk_tree_path_new_first();
+    gtk_tree_view_get_background_area(view, path, gtk_tree_view_get_column(view, 0), &row);
+    gtk_tree_path_free(path);
+
+    std::string lines;
+    for (int y = row.height / 2;
+         gtk_tree_view_get_path_at_pos(view, 0, y, &path, nullptr, nullptr, nullptr);
+         y += row.height) {
+        GtkTreeIter iterator;
+        char* name = nullptr;
+        if (gtk_tree_model_get_iter(model, &iterator, path)) {
+            gtk_tree_model_get(model, &iterator, 0, &name, -1);
+            lines += rowLine(static_cast<std::size_t>(gtk_tree_path_get_depth(path)) - 1, name,
+                             gtk_tree_model_iter_has_child(model, &iterator),
+                             gtk_tree_view_row_expanded(view, path));
+        } else {
+            lines += "a row of the view that is none of the document\n";
+        }
+        g_free(name);
+        gtk_tree_path_free(path);
+    }
+    gtk_adjustment_set_value(down, scrolled);
+    return lines;
+}
+
+/// The rows that the document has below rows that are expanded.
+inline std::string documentRows(const HelpTree& tree, dom::Node& row, std::size_t level = 0) {
+    const bool expanded = tree.IsExpanded(wxDataViewItem(&row));
+    std::string lines = rowLine(level, shownName(row.baseName()), row.hasChildren(), expanded);
+    for (dom::Node* child = row.firstChild(); expanded && child; child = child->next())
+        lines += documentRows(tree, *child, level + 1);
+    return lines;
+}
+
+/// What GTK complains about, such as a view that is out of step with its rows, fails the test.
+class GtkComplaints {
+public:
+    GtkComplaints() {
+        for (auto& [domain, handler] : handlers_)
+            handler = g_log_set_handler(domain, complaints, fail, nullptr);
+    }
+    GtkComplaints(const GtkComplaints&) = delete;
+    GtkComplaints& operator=(const GtkComplaints&) = delete;
+    ~GtkComplaints() {
+        for (const auto& [domain, handler] : handlers_)
+            g_log_remove_handler(domain, handler);
+    }
+
+private:
+    static constexpr auto complaints =
+        static_cast<GLogLevelFlags>(G_LOG_LEVEL_WARNING | G_LOG_LEVEL_CRITICAL);
+
+    static void fail(const char* domain, GLogLevelFlags, const char* text, void*) {
+        ADD_FAILURE() << domain << ": " << text;
+    }
+
+    std::map<const char*, guint> handlers_{{"Gtk", 0}, {"GLib", 0}, {"GLib-GObject", 0}};
+};
+
+class TreeWindow {
+public:
+    explicit TreeWindow(std::string_view nodes) : core(nodes) {
+        frame = new wxFrame(nullptr, wxID_ANY, "tree", wxPoint(50, 50), wxSize(400, 500));
+        tree = new HelpTree(frame);
+        tree->attach(core.session);
+        tree->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) {
+            ++selections;
+            try {
+                selectNode(core.session, *tree->selected());
+            } catch (const RunTimeError& caught) {
+                error = caught.number();
+            }
+        });
+        frame->Show();
+        frame->Raise();
+        tree->SetFocus();
+        pumpUntil([this] { return frame->IsActive() && tree->HasFocus(); });
+        pumpPending();
+    }
+    TreeWindow(const TreeWindow&) = delete;
+    TreeWindow& operator=(const TreeWindow&) = delete;
+    ~TreeWindow() {
+        tree->detach();
+        delete frame;
+        pumpPending();
+    }
+
+    std::string rows() const { return shownRows(*tree); }
+    /// Key of the row that the control has selected; empty while there is none.
+    std::string selectedKey() const {
+        dom::Node* const row = tree->selected();
+        return row ? KeyOfTreeNode(*core.session.baseXMLNode, *row, keySeparator) : "";
+    }
+
+    void expand(std::string_view key) { tree->Expand(item(key)); }
+    void collapse(std::string_view key) { tree->Collapse(item(key)); }
+    bool isExpanded(std::string_view key) { return tree->IsExpanded(item(key)); }
+    bool isVisible(std::string_view key) {
+        return tree->GetItemRect(item(key), nullptr).GetHeight() > 0;
+    }
+    wxDataViewItem item(std::string_view key) { return wxDataViewItem(&core.row(key)); }
+
+    /// Selects a row of the session and runs one of the commands on it.
+    template <class Command>
+    void run(std::string_view key, Command command) {
+        core.select(key);
+        tree->run([&] { command(core.session, core.dialogs); });
+        pumpPending();
+    }
+
+    /// Real input.
+    void click(std::string_view key) {
+        const wxRect place = tree->GetItemRect(item(key), nullptr);
+        user.MouseMove(tree->ClientToScreen(place.GetPosition() + wxPoint(5, place.height / 2)));
+        user.MouseClick();
+    }
+    void press(int key, int modifiers = 0) { user.Char(key, modifiers); }
+    bool waitForSelection(std::string_view key) {
+        return pumpUntil([&] { return selectedKey() == key; }, std::chrono::seconds(10));
+    }
+
+    mutable EditorSession core;
+    wxFrame* frame = nullptr;
+    HelpTree* tree = nullptr;
+    wxUIActionSimulator user;
+    int selections = 0;  ///< how often the handler ran
+    int error = 0;       ///< that the handler ended in
+
+private:
+    GtkComplaints complaints_;
+};
+
+}  // namespace tavisk::test
