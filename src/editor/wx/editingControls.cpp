@@ -16,7 +16,7 @@ wxChoice* newList(wxWindow* parent, const wxString& name) {
     // Names may be of any length; the list shows what it has room for.
     constexpr int width = 100;
     list->SetMinSize(wxSize(width, -1));
-    elideChosen(*list);
+    expectManyNames(*list);
     return list;
 }
 

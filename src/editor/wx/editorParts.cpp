@@ -63,7 +63,7 @@ wxStaticText* newFieldLabel(wxWindow* parent, const wxString& name, const wxStri
 wxStaticBox* newFrame(wxWindow* parent, const wxString& name, const wxString& caption) {
     auto* const frame = new wxStaticBox(parent, wxID_ANY, caption, wxDefaultPosition,
                                         wxDefaultSize, 0, name);
-    insetCaption(*frame);
+    styleCaption(*frame);
     return frame;
 }
 

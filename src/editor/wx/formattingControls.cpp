@@ -29,8 +29,8 @@ std::array<wxButton*, 2> newSteps(wxWindow* parent, const char* name, int smalle
                                   ControlArray<wxButton>& buttons) {
     const auto add = [&](int index, const char* caption) {
         wxButton* const button = newButton(parent, indexed(name, index), caption, wxBU_EXACTFIT);
-        const int height = button->GetBestSize().y;
-        button->SetMinSize(wxSize(height, height));
+        const int side = wxButton::GetDefaultSize(parent).y;
+        button->SetMinSize(wxSize(side, side));
         return buttons[index] = button;
     };
     return {add(smaller, "&-"), add(smaller + 2, "&+")};
@@ -48,6 +48,10 @@ wxSizer* newStyleBoxes(wxWindow* parent, int bold, ControlArray<wxCheckBox>& box
     italicBox->SetFont(italicBox->GetFont().Italic());
     underlineBox->SetFont(underlineBox->GetFont().Underlined());
     underlineCaption(*underlineBox);
+    // Letters in another font can turn out a little wider on the screen than was measured.
+    constexpr int slack = 2;
+    for (wxCheckBox* box : {boldBox, italicBox, underlineBox})
+        box->SetMinSize(box->GetBestSize() + wxSize(slack, 0));
     return row({boldBox, italicBox, underlineBox});
 }
 
@@ -130,7 +134,7 @@ wxSizer* buildFormatting(wxWindow* parent, EditorControls& controls) {
                 wxSizerFlags(1).Expand());
     frames->AddSpacer(spacing);
     frames->Add(framed(controls.fraGaps, buildGaps(controls.fraGaps, controls)),
-                wxSizerFlags(1).Expand());
+                wxSizerFlags().Expand());
 
     controls.Label3 =
         newLabel(outer, "Label3",

@@ -81,11 +81,8 @@ void frmMain::cmdPreview_Click() {
 
 void frmMain::onKey(wxKeyEvent& event) {
     const wxWindow* const focus = FindFocus();
-    const bool plain = !event.HasAnyModifiers();
-    if (plain && event.GetKeyCode() == WXK_ESCAPE) {
-        Close();
-    } else if (plain && event.GetKeyCode() == WXK_DELETE && focus != controls.txtValue &&
-               !controls.TreeXML->HasFocus()) {
+    const bool deletes = !event.HasAnyModifiers() && event.GetKeyCode() == WXK_DELETE;
+    if (deletes && focus != controls.txtValue && !controls.TreeXML->HasFocus()) {
         // A shortcut of the tree only: with a button focused it would delete a node unseen.
     } else {
         event.Skip();

@@ -21,8 +21,8 @@ void setCancelButton(wxTopLevelWindow& window, wxButton& button);
 /// Whether the desktop has OK at the right of Cancel.
 bool okStandsLast();
 
-/// Lets the frame's line begin before its caption.
-void insetCaption(wxStaticBox& frame);
+/// Draws a frame's caption as the desktop does: in bold, in line with what is in the frame.
+void styleCaption(wxStaticBox& frame);
 
 /// Draws the caption underlined; the font of a check box does not on every platform.
 void underlineCaption(wxCheckBox& box);
@@ -33,7 +33,8 @@ void wrapText(wxStaticText& label, int lines);
 /// Room around the text, for a label with a background of its own.
 void padText(wxStaticText& label);
 
-/// An entry that is longer than the list is wide is shown with its middle left out.
-void elideChosen(wxChoice& list);
+/// For a list of thousands of names of any length: opening the window costs no more for them, and a
+/// name that is longer than the list is wide is shown with its middle left out.
+void expectManyNames(wxChoice& list);
 
 }  // namespace tavisk

@@ -16,6 +16,13 @@ struct Showing : wxTopLevelWindow {
     static bool wxTopLevelWindowGTK::* inTwoSteps() { return &Showing::m_deferShow; }
 };
 
+void draw(GtkLabel* label, PangoAttribute* attribute) {
+    PangoAttrList* const attributes = pango_attr_list_new();
+    pango_attr_list_insert(attributes, attribute);
+    gtk_label_set_attributes(label, attributes);
+    pango_attr_list_unref(attributes);
+}
+
 }  // namespace
 
 void placeByRealSize(wxTopLevelWindow& window) { window.*Showing::inTwoSteps() = false; }
@@ -30,18 +37,16 @@ void setCancelButton(wxTopLevelWindow& window, wxButton& button) {
 
 bool okStandsLast() { return true; }
 
-void insetCaption(wxStaticBox& frame) {
+void styleCaption(wxStaticBox& frame) {
     constexpr int inset = 6;
     GtkWidget* const caption = gtk_frame_get_label_widget(GTK_FRAME(frame.GetHandle()));
     gtk_widget_set_margin_start(caption, inset);
+    draw(GTK_LABEL(caption), pango_attr_weight_new(PANGO_WEIGHT_BOLD));
 }
 
 void underlineCaption(wxCheckBox& box) {
-    PangoAttrList* const attributes = pango_attr_list_new();
-    pango_attr_list_insert(attributes, pango_attr_underline_new(PANGO_UNDERLINE_SINGLE));
-    GtkWidget* const caption = gtk_bin_get_child(GTK_BIN(box.GetHandle()));
-    gtk_label_set_attributes(GTK_LABEL(caption), attributes);
-    pango_attr_list_unref(attributes);
+    draw(GTK_LABEL(gtk_bin_get_child(GTK_BIN(box.GetHandle()))),
+         pango_attr_underline_new(PANGO_UNDERLINE_SINGLE));
 }
 
 void wrapText(wxStaticText& label, int lines) {
@@ -54,16 +59,30 @@ void wrapText(wxStaticText& label, int lines) {
 
 void padText(wxStaticText& label) {
     GtkCssProvider* const style = gtk_css_provider_new();
-    gtk_css_provider_load_from_data(style, "label { padding: 3px 6px; border-radius: 3px; }", -1,
-                                    nullptr);
+    gtk_css_provider_load_from_data(style,
+                                    "label { padding: 3px 6px; border-radius: 3px; }"
+                                    "label:disabled { opacity: 0.5; }",
+                                    -1, nullptr);
     gtk_style_context_add_provider(gtk_widget_get_style_context(label.GetHandle()),
                                    GTK_STYLE_PROVIDER(style),
                                    GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
     g_object_unref(style);
 }
 
-void elideChosen(wxChoice& list) {
-    GList* const cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(list.GetHandle()));
+void expectManyNames(wxChoice& list) {
+    GtkWidget* const widget = list.GetHandle();
+    // As a menu, every entry would be a control of its own: 2,000 of them take seconds.
+    GtkCssProvider* const style = gtk_css_provider_new();
+    gtk_css_provider_load_from_data(style, "combobox { -GtkComboBox-appears-as-list: 1; }", -1,
+                                    nullptr);
+    gtk_style_context_add_provider(gtk_widget_get_style_context(widget), GTK_STYLE_PROVIDER(style),
+                                   GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+    g_object_unref(style);
+    // Nor is every entry measured to find the widest.
+    if (GtkWidget* const chosen = gtk_bin_get_child(GTK_BIN(widget)); GTK_IS_CELL_VIEW(chosen))
+        gtk_cell_view_set_fit_model(GTK_CELL_VIEW(chosen), FALSE);
+
+    GList* const cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(widget));
     for (const GList* cell = cells; cell; cell = cell->next)
         g_object_set(cell->data, "ellipsize", PANGO_ELLIPSIZE_MIDDLE, nullptr);
     g_list_free(cells);
