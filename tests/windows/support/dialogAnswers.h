@@ -13,6 +13,7 @@
 #include <wx/filedlg.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
+#include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textdlg.h>
 
@@ -98,6 +99,21 @@ private:
                                   const std::string& defaultText) {
         return "prompt [" + title + "] " + prompt + " <" + defaultText + ">";
     }
+    /// A line is a label, an empty one a space between labels.
+    static std::string textOf(const wxTextEntryDialog& prompt) {
+        const wxSizer* lines = nullptr;
+        for (const wxWindow* child : prompt.GetChildren()) {
+            if (dynamic_cast<const wxStaticText*>(child)) lines = child->GetContainingSizer();
+        }
+        std::string text;
+        if (!lines) return text;
+        for (const wxSizerItem* item : lines->GetChildren()) {
+            if (item != lines->GetChildren().front()) text += '\n';
+            if (const auto* label = dynamic_cast<const wxStaticText*>(item->GetWindow()))
+                text += utf8Of(label->GetLabelText());
+        }
+        return text;
+    }
     static std::string lineOf(wxDialog* dialog) {
         const std::string title = utf8Of(dialog->GetTitle());
         if (const auto* box = dynamic_cast<wxMessageDialogBase*>(dialog)) {
@@ -105,14 +121,7 @@ private:
             return boxLine(utf8Of(box->GetMessage()), title, box->GetMessageDialogStyle() & shown);
         }
         if (const auto* prompt = dynamic_cast<wxTextEntryDialog*>(dialog)) {
-            std::string text;
-            for (const wxWindow* child : prompt->GetChildren()) {
-                const auto* label = dynamic_cast<const wxStaticText*>(child);
-                if (!label) continue;
-                if (!text.empty()) text += '\n';
-                text += utf8Of(label->GetLabelText());
-            }
-            return promptLine(text, title, utf8Of(prompt->GetValue()));
+            return promptLine(textOf(*prompt), title, utf8Of(prompt->GetValue()));
         }
         if (const auto* file = dynamic_cast<wxFileDialog*>(dialog))
             return "open " + utf8Of(file->GetWildcard());
