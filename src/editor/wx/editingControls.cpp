@@ -57,8 +57,7 @@ wxSizer* buildFormulas(wxStaticBox* frame, EditorControls& controls) {
     sizer->Add(captioned(controls.Label4, controls.lstFormulas), wxSizerFlags().Expand());
     sizer->AddSpacer(spacing);
     sizer->Add(buttonGrid({controls.cmdInsertFormulaAtCursor, controls.cmdInsertFormulaAtEnd,
-                           controls.cmdFormulaAdd, controls.cmdFormulaDel}),
-               wxSizerFlags().Expand());
+                           controls.cmdFormulaAdd, controls.cmdFormulaDel}));
     sizer->AddSpacer(spacing);
     sizer->Add(controls.lblFormulaHelp, wxSizerFlags(1).Expand());
     return sizer;
@@ -77,10 +76,9 @@ wxSizer* buildImages(wxStaticBox* frame, EditorControls& controls) {
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(captioned(controls.Label6, controls.lstImages), wxSizerFlags().Expand());
     sizer->AddSpacer(spacing);
-    sizer->Add(buttonGrid({controls.cmdInsertImage, controls.cmdAppendImage,
-                           controls.cmdImageOverlay, controls.cmdExternImage, controls.cmdImageAdd,
-                           controls.cmdImageDel}),
-               wxSizerFlags().Expand());
+    sizer->Add(
+        buttonGrid({controls.cmdInsertImage, controls.cmdAppendImage, controls.cmdImageOverlay,
+                    controls.cmdExternImage, controls.cmdImageAdd, controls.cmdImageDel}));
     return sizer;
 }
 
@@ -91,8 +89,8 @@ wxSizer* buildEditing(wxWindow* parent, EditorControls& controls) {
     controls.fraEditor = frame;
 
     controls.Label1 = newLabel(frame, "Label1", "Current Field:");
-    controls.lblCurrentField = newFieldLabel(frame, "lblCurrentField", "", "WWWWWWWWWW",
-                                             wxST_ELLIPSIZE_MIDDLE);
+    controls.lblCurrentField =
+        newFieldLabel(frame, "lblCurrentField", "", "WWWWWWWWWW", wxST_ELLIPSIZE_MIDDLE);
     controls.Label2 = newLabel(frame, "Label2", "Information Text:");
     controls.txtValue = new AnswerBox(frame);
     controls.txtValue->SetName("txtValue");
@@ -103,9 +101,9 @@ wxSizer* buildEditing(wxWindow* parent, EditorControls& controls) {
     controls.Picture1->SetName("Picture1");
     setAccessiblePicture(*controls.Picture1, "Picture preview");
 
-    const wxSize leastText(200, 90);
+    const wxSize leastText(200, 72);
     controls.txtValue->SetMinSize(leastText);
-    const wxSize leastPicture(120, 90);
+    const wxSize leastPicture(120, 72);
     controls.Picture1->SetMinSize(leastPicture);
 
     auto* const text = new wxBoxSizer(wxHORIZONTAL);

@@ -15,11 +15,12 @@ namespace tavisk {
 namespace {
 
 /// Without the frame that a desktop draws around: with it, 1024 by 700 are enough everywhere.
-const wxSize leastSize(1012, 650);
+const wxSize leastSize(1012, 660);
 const wxSize roomForFrame(12, 50);
 const wxSize usualSize(1200, 860);
 constexpr int leastTreeWidth = 160;
-constexpr int usualTreeWidth = 210;
+constexpr int usualTreeWidth = 220;
+constexpr double treeShare = 0.3;  ///< of what the window grows by
 
 wxSizer* buildButtons(wxWindow* parent, EditorControls& controls) {
     controls.cmdPreview = newButton(parent, "cmdPreview", "Previe&w Help File");
@@ -95,14 +96,23 @@ EditorControls buildEditor(wxFrame& frame) {
     auto* const split = new Splitter(root);
     controls.TreeXML = new HelpTree(split);
     controls.TreeXML->SetName("TreeXML");
-    split->SetMinimumPaneSize(leastTreeWidth);
-    split->SplitVertically(controls.TreeXML, buildDetails(split, controls), usualTreeWidth);
+    wxWindow* const details = buildDetails(split, controls);
 
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(split, wxSizerFlags(1).Expand().Border(wxALL, groupSpacing));
     sizer->Add(buildButtons(root, controls),
                wxSizerFlags().Expand().Border(wxALL & ~wxTOP, groupSpacing));
     root->SetSizer(sizer);
+
+    // The tree's share is of what the splitter grows by, so it is split at its real size.
+    frame.Layout();
+    root->Layout();
+    split->SetMinimumPaneSize(leastTreeWidth);
+    split->SetSashGravity(treeShare);
+    const int room =
+        split->GetSize().x - split->GetSashSize() - details->GetSizer()->GetMinSize().x;
+    split->SplitVertically(controls.TreeXML, details,
+                           std::clamp(room, leastTreeWidth, usualTreeWidth));
 
     describeControls(frame);
     controls.cmdOK->SetDefault();

@@ -31,8 +31,7 @@ std::vector<ToolEntry> toolEntries() {
     for (std::size_t i = 0; i < nodeCommands().size(); ++i) {
         if (nodeCommands()[i].toolIndex > 0) entries.push_back({toolId(i), &nodeCommands()[i]});
     }
-    std::ranges::sort(entries, {},
-                      [](const ToolEntry& entry) { return entry.command->toolIndex; });
+    std::ranges::sort(entries, {}, [](const ToolEntry& entry) { return entry.command->toolIndex; });
     return entries;
 }
 
@@ -70,8 +69,8 @@ void buildMenus(wxFrame& frame, EditorControls& controls) {
 }
 
 void buildToolbar(wxFrame& frame, EditorControls& controls) {
-    wxToolBar* const toolbar = frame.CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | wxTB_NODIVIDER,
-                                                   wxID_ANY, "toolNodes");
+    wxToolBar* const toolbar =
+        frame.CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | wxTB_NODIVIDER, wxID_ANY, "toolNodes");
     toolbar->SetToolBitmapSize(wxSize(iconSize, iconSize));
     for (const auto& [id, command] : toolEntries()) {
         if (std::ranges::count(groupStarts, command->toolIndex)) toolbar->AddSeparator();

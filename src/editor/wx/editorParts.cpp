@@ -61,8 +61,8 @@ wxStaticText* newFieldLabel(wxWindow* parent, const wxString& name, const wxStri
 }
 
 wxStaticBox* newFrame(wxWindow* parent, const wxString& name, const wxString& caption) {
-    auto* const frame = new wxStaticBox(parent, wxID_ANY, caption, wxDefaultPosition,
-                                        wxDefaultSize, 0, name);
+    auto* const frame =
+        new wxStaticBox(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0, name);
     styleCaption(*frame);
     return frame;
 }

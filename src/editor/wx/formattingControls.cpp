@@ -137,8 +137,7 @@ wxSizer* buildFormatting(wxWindow* parent, EditorControls& controls) {
                 wxSizerFlags().Expand());
 
     controls.Label3 =
-        newLabel(outer, "Label3",
-                 "Note:  For advanced appearance formatting, HTML can be used.");
+        newLabel(outer, "Label3", "Note:  For advanced appearance formatting, HTML can be used.");
     auto* const content = new wxBoxSizer(wxVERTICAL);
     content->Add(frames, wxSizerFlags(1).Expand());
     content->AddSpacer(spacing);

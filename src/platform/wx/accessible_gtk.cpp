@@ -1,7 +1,7 @@
-#include "platform/wx/accessible.h"
-
 #include <gtk/gtk.h>
 #include <wx/window.h>
+
+#include "platform/wx/accessible.h"
 
 namespace tavisk {
 namespace {

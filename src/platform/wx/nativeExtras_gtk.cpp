@@ -1,5 +1,3 @@
-#include "platform/wx/nativeExtras.h"
-
 #include <gtk/gtk.h>
 #include <wx/button.h>
 #include <wx/checkbox.h>
@@ -8,12 +6,14 @@
 #include <wx/stattext.h>
 #include <wx/toplevel.h>
 
+#include "platform/wx/nativeExtras.h"
+
 namespace tavisk {
 namespace {
 
 /// Whether a window is shown in two steps, for an exact size with its frame; protected.
 struct Showing : wxTopLevelWindow {
-    static bool wxTopLevelWindowGTK::* inTwoSteps() { return &Showing::m_deferShow; }
+    static bool wxTopLevelWindowGTK::*inTwoSteps() { return &Showing::m_deferShow; }
 };
 
 void draw(GtkLabel* label, PangoAttribute* attribute) {
