@@ -1,0 +1,52 @@
+// The editor window under the user's own hands: real keys and mouse.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <string>
+#include <wx/uiaction.h>
+
+#include "windows/support/editorWindow.h"
+
+namespace tavisk::test {
+
+/// Name of the control in `window` that takes the keys. The toolkit's own answer leaves out lists
+/// that the Tab key led to.
+std::string focusedControl(const wxWindow& window);
+
+class EditorInput : public EditorWindow {
+public:
+    explicit EditorInput(std::string_view nodes, std::string_view elements = {})
+        : EditorWindow(nodes, elements) {
+        window->Raise();
+        pumpUntil([this] { return window->IsActive(); });
+    }
+
+    void focus(wxWindow* control) {
+        control->SetFocus();
+        ASSERT_TRUE(pumpUntil([&] { return focused() == control->GetName(); }))
+            << control->GetName();
+    }
+    std::string focused() const { return focusedControl(*window); }
+
+    // What is pressed arrives in its time: wait for what it does.
+    void press(int key, int modifiers = wxMOD_NONE) { user.Char(key, modifiers); }
+    void text(const char* characters) { user.Text(characters); }
+    void mouse(const wxWindow* control) { mouse(control, wxPoint() + control->GetSize() / 2); }
+    void mouse(const wxWindow* control, const wxPoint& at) {
+        user.MouseMove(control->ClientToScreen(at));
+        user.MouseClick();
+    }
+    void mouseRow(std::string_view key) {
+        HelpTree* const tree = controls().TreeXML;
+        const wxRect place = tree->GetItemRect(wxDataViewItem(&core.row(key)), nullptr);
+        mouse(tree, place.GetPosition() + wxPoint(5, place.height / 2));
+    }
+
+    bool becomes(const std::string& tree) {
+        return pumpUntil([&] { return EditorWindow::tree() == tree; });
+    }
+
+    wxUIActionSimulator user;
+};
+
+}  // namespace tavisk::test
