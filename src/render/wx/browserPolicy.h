@@ -24,11 +24,16 @@ enum class NavigationAnswer { show, openOutside, ignore };
 /// of files stay closed, because opening a file can start a program.
 NavigationAnswer answerNavigation(const Navigation& navigation, std::string_view page);
 
+/// Keys that are the window's, whatever the page is doing.
+enum class BrowserKey { close, zoomIn, zoomOut, zoomNormal };
+
 /// What the browser's window is told.
 struct BrowserEvents {
+    std::function<void(BrowserKey key)> keyPressed;
     /// A link out of the page was clicked. Called while the browser waits for an answer.
     std::function<void(const std::string& address)> addressClicked;
-    /// The process that shows the page is gone, and the page with it.
+    /// The process that shows the page is gone, and the page with it. It is not started again: an
+    /// engine that fails when it starts ends this process, too.
     std::function<void()> ended;
 };
 

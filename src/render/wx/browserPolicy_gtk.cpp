@@ -75,6 +75,25 @@ bool staysInside(WebKitContextMenuAction action) {
     }
 }
 
+struct OwnKey {
+    guint key;
+    GdkModifierType modifiers;
+    BrowserKey meaning;
+};
+
+// The plus shares its key with the equals sign on many keyboards.
+constexpr std::array ownKeys{
+    OwnKey{GDK_KEY_Escape, static_cast<GdkModifierType>(0), BrowserKey::close},
+    OwnKey{GDK_KEY_w, GDK_CONTROL_MASK, BrowserKey::close},
+    OwnKey{GDK_KEY_plus, GDK_CONTROL_MASK, BrowserKey::zoomIn},
+    OwnKey{GDK_KEY_equal, GDK_CONTROL_MASK, BrowserKey::zoomIn},
+    OwnKey{GDK_KEY_KP_Add, GDK_CONTROL_MASK, BrowserKey::zoomIn},
+    OwnKey{GDK_KEY_minus, GDK_CONTROL_MASK, BrowserKey::zoomOut},
+    OwnKey{GDK_KEY_KP_Subtract, GDK_CONTROL_MASK, BrowserKey::zoomOut},
+    OwnKey{GDK_KEY_0, GDK_CONTROL_MASK, BrowserKey::zoomNormal},
+    OwnKey{GDK_KEY_KP_0, GDK_CONTROL_MASK, BrowserKey::zoomNormal},
+};
+
 void disconnectToolkit(wxWebView& browser, WebKitWebView* view, const char* signal) {
     g_signal_handlers_disconnect_matched(
         view, static_cast<GSignalMatchType>(G_SIGNAL_MATCH_ID | G_SIGNAL_MATCH_DATA),
@@ -98,12 +117,14 @@ void prepareBrowserEngine() {
 
 struct BrowserPolicy::Native {
     WebKitWebView* view = nullptr;
+    GtkWindow* window = nullptr;
+    GtkAccelGroup* keys = nullptr;
     BrowserEvents events;
     std::string page;
     bool loading = false;  ///< the page was asked for, and nothing has been answered yet
 
     template <class... Arguments>
-    static void tell(const std::function<void(Arguments...)>& event,
+    static void call(const std::function<void(Arguments...)>& event,
                      const std::type_identity_t<Arguments>&... arguments) noexcept {
         try {
             if (event) event(arguments...);
@@ -144,7 +165,7 @@ struct BrowserPolicy::Native {
             .newWindow = type == WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION};
         const NavigationAnswer answer = self->answer(navigation);
         if (answer == NavigationAnswer::openOutside)
-            tell(self->events.addressClicked, std::string(navigation.address));
+            call(self->events.addressClicked, std::string(navigation.address));
         if (answer == NavigationAnswer::show) {
             webkit_policy_decision_use(decision);
         } else {
@@ -167,8 +188,20 @@ struct BrowserPolicy::Native {
         return FALSE;
     }
 
+    /// Before the page, which gets keys first otherwise, and later if it is busy.
+    static gboolean keyPress(GtkWidget*, GdkEventKey* event, Native* self) {
+        return gtk_window_activate_key(self->window, event);
+    }
+
+    static gboolean ownKey(GtkAccelGroup*, GObject*, guint key, GdkModifierType, Native* self) {
+        for (const OwnKey& own : ownKeys) {
+            if (own.key == key) call(self->events.keyPressed, own.meaning);
+        }
+        return TRUE;
+    }
+
     static void terminated(WebKitWebView*, WebKitWebProcessTerminationReason, Native* self) {
-        tell(self->events.ended);
+        call(self->events.ended);
     }
 
     static gboolean authenticate(WebKitWebView*, WebKitAuthenticationRequest* request, Native*) {
@@ -206,11 +239,25 @@ BrowserPolicy::BrowserPolicy(wxWebView& browser, BrowserEvents events)
     connect(native->view, "run-file-chooser", G_CALLBACK(Native::chooseFile));
     connect(webkit_web_view_get_context(native->view), "download-started",
             G_CALLBACK(Native::downloadStarted));
+    connect(native->view, "key-press-event", G_CALLBACK(Native::keyPress));
+
+    GtkWidget* const widget = GTK_WIDGET(native->view);
+    native->window = GTK_WINDOW(gtk_widget_get_toplevel(widget));
+    native->keys = gtk_accel_group_new();
+    for (const OwnKey& own : ownKeys) {
+        gtk_accel_group_connect(native->keys, own.key, own.modifiers, static_cast<GtkAccelFlags>(0),
+                                g_cclosure_new(G_CALLBACK(Native::ownKey), native, nullptr));
+    }
+    gtk_window_add_accel_group(native->window, native->keys);
+    // The toolkit gives the focus to the frame around the view, where it would stay.
+    gtk_widget_set_can_focus(gtk_widget_get_ancestor(widget, GTK_TYPE_SCROLLED_WINDOW), FALSE);
     // A file dropped on the view would ask to replace the page.
-    gtk_drag_dest_unset(GTK_WIDGET(native->view));
+    gtk_drag_dest_unset(widget);
 }
 
 BrowserPolicy::~BrowserPolicy() {
+    gtk_window_remove_accel_group(native_->window, native_->keys);
+    g_object_unref(native_->keys);
     g_signal_handlers_disconnect_by_data(webkit_web_view_get_context(native_->view), native_.get());
     g_signal_handlers_disconnect_by_data(native_->view, native_.get());
 }

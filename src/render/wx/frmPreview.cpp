@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <string_view>
+#include <utility>
 #include <wx/display.h>
 #include <wx/stattext.h>
 #include <wx/webview.h>
@@ -65,23 +66,32 @@ frmPreview::frmPreview(wxWindow* parent)
         wxWebView::New(this, wxID_ANY, wxWebViewDefaultURLStr, wxDefaultPosition, wxDefaultSize,
                        wxWebViewBackendDefault, wxBORDER_NONE, "browserPreview");
     if (!browserPreview) raise(ErrorNumber::cannotLoadObject);
-    // The browser calls from inside itself; what a window does follows when it has returned.
+    // The browser calls from inside itself; what the window does follows when it has returned.
+    const auto later = [this](const std::function<void()>& action) {
+        CallAfter([this, action] { guarded(dialogs_, action); });
+    };
     policy_ = std::make_unique<BrowserPolicy>(
         *browserPreview,
-        BrowserEvents{[this](const std::string& address) {
-                          CallAfter([this, address] {
-                              guarded(dialogs_, [&] { openAddress(address); });
-                          });
-                      },
-                      [this] { CallAfter([this] { guarded(dialogs_, [&] { showEnded(); }); }); }});
+        BrowserEvents{
+            .keyPressed = [this, later](BrowserKey key) { later([this, key] { onKey(key); }); },
+            .addressClicked =
+                [this, later](const std::string& address) {
+                    later([this, address] { openAddress(address); });
+                },
+            .ended = [this, later] { later([this] { onEnded(); }); }});
     fillClientArea();
 
     Bind(wxEVT_SIZE, [this](wxSizeEvent&) { guarded(dialogs_, [&] { fillClientArea(); }); });
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { guarded(dialogs_, [&] { endModal(); }); });
-    Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) { guarded(dialogs_, [&] { onKey(event); }); });
+    browserPreview->Bind(wxEVT_WEBVIEW_ERROR, [this](wxWebViewEvent& event) {
+        guarded(dialogs_, [&] {
+            if (isPage(event)) failed_ = true;
+            event.Skip();
+        });
+    });
     browserPreview->Bind(wxEVT_WEBVIEW_LOADED, [this](wxWebViewEvent& event) {
         guarded(dialogs_, [&] {
-            if (utf8Of(event.GetURL()) == page_) pageLoaded_ = true;
+            if (isPage(event) && !failed_) pageLoaded_ = true;
             event.Skip();
         });
     });
@@ -91,7 +101,12 @@ frmPreview::frmPreview(wxWindow* parent)
 void frmPreview::navigate(const std::string& path) {
     page_ = fileAddress(path);
     pageLoaded_ = false;
+    failed_ = false;
     policy_->load(page_);
+}
+
+bool frmPreview::isPage(const wxWebViewEvent& event) const {
+    return utf8Of(event.GetURL()) == page_;
 }
 
 void frmPreview::fillClientArea() {
@@ -101,38 +116,21 @@ void frmPreview::fillClientArea() {
     if (lblEnded) lblEnded->SetSize(0, 0, size.x, size.y);
 }
 
-void frmPreview::onKey(wxKeyEvent& event) {
-    const float zoom = browserPreview->GetZoomFactor();
-    const auto setZoom = [this](float factor) {
+void frmPreview::onKey(BrowserKey key) {
+    const auto zoom = [this](float factor) {
         browserPreview->SetZoomFactor(std::clamp(factor, smallestZoom, greatestZoom));
     };
-    const bool control = event.GetModifiers() == wxMOD_CONTROL ||
-                         event.GetModifiers() == (wxMOD_CONTROL | wxMOD_SHIFT);
-    const int key = event.GetKeyCode();
-    if (key == WXK_ESCAPE && event.GetModifiers() == wxMOD_NONE) {
-        Close();
-        return;
-    }
-    if (!control) {
-        event.Skip();
-        return;
-    }
     switch (key) {
-        case 'W': Close(); break;
-        // The plus shares its key with the equals sign on many keyboards.
-        case '+':
-        case '=':
-        case WXK_NUMPAD_ADD: setZoom(zoom * zoomStep); break;
-        case '-':
-        case WXK_NUMPAD_SUBTRACT: setZoom(zoom / zoomStep); break;
-        case '0':
-        case WXK_NUMPAD0: setZoom(1.0F); break;
-        default: event.Skip();
+        case BrowserKey::close: Close(); break;
+        case BrowserKey::zoomIn: zoom(browserPreview->GetZoomFactor() * zoomStep); break;
+        case BrowserKey::zoomOut: zoom(browserPreview->GetZoomFactor() / zoomStep); break;
+        case BrowserKey::zoomNormal: zoom(1.0F); break;
     }
 }
 
-void frmPreview::showEnded() {
+void frmPreview::onEnded() {
     if (lblEnded) return;
+    pageLoaded_ = false;
     browserPreview->Hide();
     lblEnded = new wxStaticText(this, wxID_ANY,
                                 "The page can no longer be shown, because the browser engine has "

@@ -9,9 +9,9 @@
 #include "platform/wx/runtime.h"
 #include "render/wx/browserPolicy.h"
 
-class wxKeyEvent;
 class wxStaticText;
 class wxWebView;
+class wxWebViewEvent;
 
 namespace tavisk {
 
@@ -26,7 +26,8 @@ public:
     void navigate(const std::string& path);
 
     /// Whether the page, with its pictures and style, has been loaded since `navigate`. The browser
-    /// tells it by its own event, wxEVT_WEBVIEW_LOADED, which it also sends for its empty page.
+    /// tells it by its own event, wxEVT_WEBVIEW_LOADED, which it also sends for its empty page and
+    /// for its report of a page that cannot be read.
     bool pageLoaded() const noexcept { return pageLoaded_; }
 
     wxWebView* browserPreview = nullptr;
@@ -38,12 +39,14 @@ public:
 
 private:
     void fillClientArea();
-    void onKey(wxKeyEvent& event);
-    void showEnded();
+    bool isPage(const wxWebViewEvent& event) const;
+    void onKey(BrowserKey key);
+    void onEnded();
 
     WxDialogs dialogs_{this};
     std::string page_;
     bool pageLoaded_ = false;
+    bool failed_ = false;
     std::unique_ptr<BrowserPolicy> policy_;
 };
 

@@ -1,0 +1,239 @@
+// The preview window as a window: sizes, keys, closing, modality, and what it leaves behind.
+#include <csignal>
+#include <cstdlib>
+#include <wx/button.h>
+#include <wx/display.h>
+#include <wx/frame.h>
+#include <wx/stattext.h>
+#include <wx/timer.h>
+
+#include "windows/support/previewWindow.h"
+
+namespace tavisk {
+namespace {
+
+using test::linkAt;
+using test::PageFolder;
+using test::pageProcesses;
+using test::PreviewWindow;
+using test::pumpUntil;
+using test::shownText;
+
+frmPreview* shownPreview() {
+    return dynamic_cast<frmPreview*>(wxWindow::FindWindowByName("frmPreview"));
+}
+
+using Action = std::function<void(frmPreview&)>;
+
+void closeByCode(frmPreview& window) { window.Close(); }
+
+/// Runs while a window is modal, after its page has been loaded. `close` comes last and does not
+/// wait, so that the modal loop itself handles what it does.
+class WhileModal {
+public:
+    explicit WhileModal(Action body, Action close = closeByCode) {
+        timer_.Bind(wxEVT_TIMER, [this, body = std::move(body),
+                                  close = std::move(close)](wxTimerEvent&) {
+            frmPreview* const window = shownPreview();
+            ran_ = window && pumpUntil([&] { return window->pageLoaded() && window->IsActive(); });
+            if (ran_) body(*window);
+            if (window) close(*window);
+        });
+        timer_.StartOnce(1);
+    }
+    bool ran() const { return ran_; }
+
+private:
+    wxTimer timer_;
+    bool ran_ = false;
+};
+
+void pressEscape(frmPreview&) { wxUIActionSimulator().Char(WXK_ESCAPE); }
+
+TEST(FrmPreviewWindow, BrowserFollowsTheClientArea) {
+    PreviewWindow preview;
+    preview.openBody("page");
+    for (const wxSize size : {wxSize(500, 400), wxSize(777, 333)}) {
+        preview.window->SetClientSize(size);
+        ASSERT_TRUE(pumpUntil([&] { return preview.window->GetClientSize() == size; }));
+        EXPECT_TRUE(pumpUntil([&] { return preview.browser().GetSize() == size; }));
+        EXPECT_EQ(preview.browser().GetPosition(), wxPoint(0, 0));
+    }
+}
+
+TEST(FrmPreviewWindow, BrowserHasItsSizeBeforeTheWindowIsShown) {
+    PreviewWindow preview;
+    EXPECT_EQ(preview.browser().GetSize(), preview.window->GetClientSize());
+    EXPECT_GT(preview.browser().GetSize().x, 0);
+}
+
+TEST(FrmPreviewWindow, TinyWindowMakesNoNegativeSize) {
+    PreviewWindow preview;
+    preview.openBody("page");
+    for (const wxSize outer : {wxSize(1, 1), wxSize(300, 1), wxSize(1, 300)}) {
+        preview.window->SetSize(outer);
+        wxSizeEvent event(outer);
+        preview.window->GetEventHandler()->ProcessEvent(event);
+        EXPECT_GE(preview.browser().GetSize().x, 0);
+        EXPECT_GE(preview.browser().GetSize().y, 0);
+        EXPECT_EQ(preview.browser().GetSize(), preview.window->GetClientSize());
+    }
+}
+
+TEST(FrmPreviewWindow, FitsASmallScreen) {
+    PreviewWindow preview;
+    preview.openBody("page");
+    EXPECT_LE(preview.window->GetSize().x, 1024);
+    EXPECT_LE(preview.window->GetSize().y, 768);
+}
+
+TEST(FrmPreviewWindow, HasItsTitleAndNames) {
+    PreviewWindow preview;
+    EXPECT_EQ(preview.window->GetTitle(), "Help Preview");
+    EXPECT_EQ(preview.window->GetName(), "frmPreview");
+    EXPECT_EQ(preview.browser().GetName(), "browserPreview");
+}
+
+TEST(FrmPreviewWindow, EscapeClosesIt) {
+    PreviewWindow preview;
+    preview.openBody("page");
+    preview.press(WXK_ESCAPE);
+    EXPECT_TRUE(pumpUntil([&] { return !preview.window->IsShown(); }));
+}
+
+TEST(FrmPreviewWindow, ControlWClosesIt) {
+    PreviewWindow preview;
+    preview.openBody("page");
+    preview.press('W', wxMOD_CONTROL);
+    EXPECT_TRUE(pumpUntil([&] { return !preview.window->IsShown(); }));
+}
+
+TEST(FrmPreviewWindow, EscapeClosesItFromInsideAField) {
+    PreviewWindow preview;
+    preview.openBody("<input autofocus>");
+    preview.press(WXK_ESCAPE);
+    EXPECT_TRUE(pumpUntil([&] { return !preview.window->IsShown(); }));
+}
+
+TEST(FrmPreviewWindow, KeysZoom) {
+    PreviewWindow preview;
+    preview.openBody("page");
+    preview.press('=', wxMOD_CONTROL);
+    EXPECT_TRUE(pumpUntil([&] { return preview.browser().GetZoomFactor() > 1.05F; }));
+    preview.press('0', wxMOD_CONTROL);
+    EXPECT_TRUE(pumpUntil([&] { return preview.browser().GetZoomFactor() == 1.0F; }));
+    preview.press('-', wxMOD_CONTROL);
+    EXPECT_TRUE(pumpUntil([&] { return preview.browser().GetZoomFactor() < 0.95F; }));
+    preview.press(WXK_NUMPAD_ADD, wxMOD_CONTROL);
+    EXPECT_TRUE(pumpUntil([&] { return preview.browser().GetZoomFactor() > 0.95F; }));
+}
+
+TEST(FrmPreviewWindow, ReturnsWhenTheWindowManagerClosesIt) {
+    const PageFolder pages;
+    const std::string page = pages.write("temp.html", "<html><body>page</body></html>");
+    WhileModal modal(
+        [](frmPreview& window) { EXPECT_EQ(shownText(*window.browserPreview), "page"); },
+        [](frmPreview& window) { test::closeFromOutside(window); });
+    showPreview(nullptr, page);
+    EXPECT_TRUE(modal.ran());
+    EXPECT_EQ(shownPreview(), nullptr);
+}
+
+TEST(FrmPreviewWindow, ReturnsAfterEscape) {
+    const PageFolder pages;
+    const std::string page = pages.write("temp.html", "<html><body>page</body></html>");
+    WhileModal modal([](frmPreview&) {}, pressEscape);
+    showPreview(nullptr, page);
+    EXPECT_TRUE(modal.ran());
+    EXPECT_EQ(shownPreview(), nullptr);
+}
+
+TEST(FrmPreviewWindow, SecondPreviewShowsTheSecondPage) {
+    const PageFolder pages;
+    for (const char* text : {"first", "second"}) {
+        const std::string page =
+            pages.write("temp.html", "<html><body>" + std::string(text) + "</body></html>");
+        WhileModal modal(
+            [&](frmPreview& window) { EXPECT_EQ(shownText(*window.browserPreview), text); });
+        showPreview(nullptr, page);
+        EXPECT_TRUE(modal.ran());
+    }
+}
+
+TEST(FrmPreviewWindow, WindowBelowTakesNoInputMeanwhile) {
+    const PageFolder pages;
+    const std::string page = pages.write("temp.html", "<html><body>page</body></html>");
+    wxFrame below(nullptr, wxID_ANY, "Below", wxPoint(0, 0), wxSize(200, 150));
+    int pressed = 0;
+    auto* const button = new wxButton(&below, wxID_ANY, "Press");
+    button->Bind(wxEVT_BUTTON, [&](wxCommandEvent&) { ++pressed; });
+    below.Show();
+    ASSERT_TRUE(pumpUntil([&] { return below.IsActive(); }));
+    const auto press = [&] {
+        wxUIActionSimulator pointer;
+        pointer.MouseMove(button->ClientToScreen(wxPoint(20, 20)));
+        pointer.MouseClick();
+    };
+    WhileModal modal(
+        [&](frmPreview& window) {
+            window.Move(600, 300);
+            ASSERT_TRUE(pumpUntil([&] { return window.GetScreenPosition().x >= 500; }));
+            press();
+        },
+        pressEscape);  // after the click, so that it is handled after it
+    showPreview(&below, page);
+    EXPECT_TRUE(modal.ran());
+    EXPECT_EQ(pressed, 0);
+    press();
+    EXPECT_TRUE(pumpUntil([&] { return pressed == 1; }));
+}
+
+TEST(FrmPreviewWindow, LeavesNoPageProcessBehind) {
+    const PageFolder pages;
+    const std::string page = pages.write("temp.html", "<html><body>page</body></html>");
+    WhileModal modal([](frmPreview&) { EXPECT_EQ(pageProcesses().size(), 1U); });
+    showPreview(nullptr, page);
+    ASSERT_TRUE(modal.ran());
+    EXPECT_TRUE(pumpUntil([] { return pageProcesses().empty(); }));
+}
+
+TEST(FrmPreviewWindow, CanBeClosedBeforeThePageIsThere) {
+    const PageFolder pages;
+    const std::string page = pages.write("temp.html", "<html><body>page</body></html>");
+    wxTimer timer;
+    timer.Bind(wxEVT_TIMER, [](wxTimerEvent&) { shownPreview()->Close(); });
+    timer.StartOnce(1);
+    showPreview(nullptr, page);
+    EXPECT_EQ(shownPreview(), nullptr);
+    EXPECT_TRUE(pumpUntil([] { return pageProcesses().empty(); }));
+}
+
+TEST(FrmPreviewWindow, SaysSoWhenTheEngineEnds) {
+    PreviewWindow preview;
+    preview.openBody("page");
+    ASSERT_TRUE(pumpUntil([] { return pageProcesses().size() == 1; }));
+    kill(pageProcesses().front(), SIGKILL);
+    ASSERT_TRUE(pumpUntil([&] { return preview.window->lblEnded != nullptr; }));
+    EXPECT_EQ(preview.window->lblEnded->GetLabel(),
+              "The page can no longer be shown, because the browser engine has ended.\n"
+              "Close this window and preview again.");
+    EXPECT_EQ(preview.window->lblEnded->GetSize(), preview.window->GetClientSize());
+    EXPECT_FALSE(preview.browser().IsShown());
+    EXPECT_FALSE(preview.window->pageLoaded());
+    preview.press(WXK_ESCAPE);
+    EXPECT_TRUE(pumpUntil([&] { return !preview.window->IsShown(); }));
+}
+
+TEST(FrmPreviewWindow, LeavesTheSignalsForUsersAlone) {
+    PreviewWindow preview;
+    preview.openBody("page");
+    for (const int number : {SIGUSR1, SIGUSR2}) {
+        struct sigaction action {};
+        ASSERT_EQ(sigaction(number, nullptr, &action), 0);
+        EXPECT_EQ(action.sa_handler, SIG_DFL) << number;
+    }
+    EXPECT_EQ(std::getenv("JSC_SIGNAL_FOR_GC"), nullptr);
+}
+
+}  // namespace
+}  // namespace tavisk

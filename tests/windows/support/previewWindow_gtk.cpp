@@ -1,0 +1,199 @@
+#include <cstdlib>
+#include <fstream>
+#include <gtk/gtk.h>
+#include <sstream>
+#include <stdexcept>
+#include <unistd.h>
+#include <webkit2/webkit2.h>
+#include <wx/image.h>
+#include <wx/mstream.h>
+
+#include "windows/support/previewWindow.h"
+
+namespace tavisk::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+WebKitWebView* viewOf(const wxWebView& browser) {
+    return WEBKIT_WEB_VIEW(browser.GetNativeBackend());
+}
+
+fs::path pathOf(const std::string& utf8) {
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+std::string nameOf(WebKitContextMenuItem* item) {
+    switch (webkit_context_menu_item_get_stock_action(item)) {
+        case WEBKIT_CONTEXT_MENU_ACTION_COPY: return "copy";
+        case WEBKIT_CONTEXT_MENU_ACTION_COPY_LINK_TO_CLIPBOARD: return "copyLink";
+        case WEBKIT_CONTEXT_MENU_ACTION_COPY_IMAGE_TO_CLIPBOARD: return "copyImage";
+        case WEBKIT_CONTEXT_MENU_ACTION_SELECT_ALL: return "all";
+        default: return "?";
+    }
+}
+
+}  // namespace
+
+PageFolder::PageFolder(const std::string& name) {
+    std::string pattern = (fs::temp_directory_path() / "tavisk-preview-XXXXXX").string();
+    if (!mkdtemp(pattern.data())) throw std::runtime_error("no folder for the test's pages");
+    above_ = pattern;
+    path_ = above_ + "/" + name;
+    fs::create_directory(pathOf(path_));
+}
+
+PageFolder::~PageFolder() {
+    std::error_code ignored;
+    fs::remove_all(pathOf(above_), ignored);
+}
+
+std::string PageFolder::write(const std::string& name, std::string_view bytes) const {
+    const std::string file = path_ + "/" + name;
+    DiskFiles().replace(file, {bytes});
+    return file;
+}
+
+std::string PageFolder::writePicture(const std::string& name, std::uint32_t colour) const {
+    constexpr int size = 64;
+    wxImage picture(size, size);
+    picture.SetRGB(wxRect(0, 0, size, size), static_cast<unsigned char>(colour >> 16U),
+                   static_cast<unsigned char>(colour >> 8U), static_cast<unsigned char>(colour));
+    wxMemoryOutputStream stream;
+    picture.SaveFile(stream, wxBITMAP_TYPE_PNG);
+    std::string bytes(stream.GetSize(), '\0');
+    stream.CopyTo(bytes.data(), bytes.size());
+    return write(name, bytes);
+}
+
+struct AskedAddresses::Hook {
+    guint signal = g_signal_lookup("decide-policy", WEBKIT_TYPE_WEB_VIEW);
+    gulong id = 0;
+    std::vector<std::string> addresses;
+
+    static gboolean asked(GSignalInvocationHint*, guint, const GValue* values, gpointer data) {
+        auto* decision = WEBKIT_POLICY_DECISION(g_value_get_object(values + 1));
+        if (!WEBKIT_IS_NAVIGATION_POLICY_DECISION(decision)) return TRUE;
+        WebKitNavigationAction* action = webkit_navigation_policy_decision_get_navigation_action(
+            WEBKIT_NAVIGATION_POLICY_DECISION(decision));
+        static_cast<Hook*>(data)->addresses.emplace_back(
+            webkit_uri_request_get_uri(webkit_navigation_action_get_request(action)));
+        return TRUE;
+    }
+};
+
+AskedAddresses::AskedAddresses() : hook_(std::make_unique<Hook>()) {
+    hook_->id = g_signal_add_emission_hook(hook_->signal, 0, Hook::asked, hook_.get(), nullptr);
+}
+
+AskedAddresses::~AskedAddresses() { g_signal_remove_emission_hook(hook_->signal, hook_->id); }
+
+std::size_t AskedAddresses::count(std::string_view address) const {
+    return static_cast<std::size_t>(
+        std::count(hook_->addresses.begin(), hook_->addresses.end(), address));
+}
+
+std::string shownText(const wxWebView& browser) {
+    GtkClipboard* const clipboard = gtk_clipboard_get(GDK_SELECTION_CLIPBOARD);
+    const std::string nothing = "(nothing copied)";
+    gtk_clipboard_set_text(clipboard, nothing.c_str(), -1);
+    webkit_web_view_execute_editing_command(viewOf(browser), WEBKIT_EDITING_COMMAND_SELECT_ALL);
+    webkit_web_view_execute_editing_command(viewOf(browser), WEBKIT_EDITING_COMMAND_COPY);
+    std::string text = nothing;
+    pumpUntil([&] {
+        if (gchar* const copied = gtk_clipboard_wait_for_text(clipboard)) {
+            text = copied;
+            g_free(copied);
+        }
+        return text != nothing;
+    });
+    return text;
+}
+
+std::uint32_t shownColour(const wxWebView& browser, int x, int y) {
+    struct Answer {
+        bool came = false;
+        cairo_surface_t* surface = nullptr;
+    } answer;
+    webkit_web_view_get_snapshot(
+        viewOf(browser), WEBKIT_SNAPSHOT_REGION_VISIBLE, WEBKIT_SNAPSHOT_OPTIONS_NONE, nullptr,
+        [](GObject* view, GAsyncResult* result, gpointer data) {
+            auto* const to = static_cast<Answer*>(data);
+            to->surface =
+                webkit_web_view_get_snapshot_finish(WEBKIT_WEB_VIEW(view), result, nullptr);
+            to->came = true;
+        },
+        &answer);
+    if (!pumpUntil([&] { return answer.came; }) || !answer.surface)
+        throw std::runtime_error("the browser gives no picture of its page");
+    cairo_surface_t* const point = cairo_image_surface_create(CAIRO_FORMAT_RGB24, 1, 1);
+    cairo_t* const pen = cairo_create(point);
+    cairo_set_source_surface(pen, answer.surface, -x, -y);
+    cairo_paint(pen);
+    cairo_destroy(pen);
+    cairo_surface_flush(point);
+    const std::uint32_t colour =
+        *reinterpret_cast<const std::uint32_t*>(cairo_image_surface_get_data(point)) & 0xFFFFFFU;
+    cairo_surface_destroy(point);
+    cairo_surface_destroy(answer.surface);
+    return colour;
+}
+
+std::string menuAt(const frmPreview& window, const wxPoint& place) {
+    struct Menu {
+        bool came = false;
+        std::string entries;
+    } menu;
+    using Handler =
+        gboolean (*)(WebKitWebView*, WebKitContextMenu*, GdkEvent*, WebKitHitTestResult*, Menu*);
+    const Handler opening = [](WebKitWebView*, WebKitContextMenu* context, GdkEvent*,
+                               WebKitHitTestResult*, Menu* to) -> gboolean {
+        for (const GList* item = webkit_context_menu_get_items(context); item; item = item->next)
+            to->entries += nameOf(WEBKIT_CONTEXT_MENU_ITEM(item->data)) + " ";
+        to->came = true;
+        return TRUE;
+    };
+    WebKitWebView* const view = viewOf(*window.browserPreview);
+    const gulong id = g_signal_connect(view, "context-menu", G_CALLBACK(opening), &menu);
+    wxUIActionSimulator pointer;
+    pointer.MouseMove(window.browserPreview->ClientToScreen(place));
+    pointer.MouseClick(wxMOUSE_BTN_RIGHT);
+    pumpUntil([&] { return menu.came; });
+    g_signal_handler_disconnect(view, id);
+    return menu.entries;
+}
+
+void closeFromOutside(const wxWindow& window) {
+    GdkEvent* const event = gdk_event_new(GDK_DELETE);
+    event->any.window =
+        GDK_WINDOW(g_object_ref(gtk_widget_get_window(GTK_WIDGET(window.GetHandle()))));
+    event->any.send_event = TRUE;
+    gtk_main_do_event(event);
+    gdk_event_free(event);
+}
+
+bool takesDrops(const wxWebView& browser) {
+    return gtk_drag_dest_get_target_list(GTK_WIDGET(viewOf(browser))) != nullptr;
+}
+
+std::vector<int> pageProcesses() {
+    std::vector<int> found;
+    for (const auto& entry : fs::directory_iterator("/proc")) {
+        std::ifstream file(entry.path() / "stat");
+        std::stringstream text;
+        text << file.rdbuf();
+        // "pid (name) state parent ...", the name cut after 15 characters.
+        const std::string line = text.str();
+        const std::size_t end = line.rfind(") ");
+        if (end == std::string::npos || line.find("(WebKitWebProces") == std::string::npos)
+            continue;
+        char state = 0;
+        int parent = 0;
+        std::istringstream rest(line.substr(end + 2));
+        rest >> state >> parent;
+        if (parent == getpid() && state != 'Z') found.push_back(std::atoi(line.c_str()));
+    }
+    return found;
+}
+
+}  // namespace tavisk::test
