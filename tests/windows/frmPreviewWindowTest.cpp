@@ -70,9 +70,9 @@ TEST(FrmPreviewWindow, BrowserHasItsSizeBeforeTheWindowIsShown) {
 TEST(FrmPreviewWindow, TinyWindowMakesNoNegativeSize) {
     PreviewWindow preview;
     preview.openBody("page");
-    for (const wxSize outer : {wxSize(1, 1), wxSize(300, 1), wxSize(1, 300)}) {
-        preview.window->SetSize(outer);
-        wxSizeEvent event(outer);
+    for (const wxSize size : {wxSize(1, 1), wxSize(300, 1), wxSize(1, 300)}) {
+        preview.window->SetClientSize(size);
+        wxSizeEvent event(size);
         preview.window->GetEventHandler()->ProcessEvent(event);
         EXPECT_GE(preview.browser().GetSize().x, 0);
         EXPECT_GE(preview.browser().GetSize().y, 0);
