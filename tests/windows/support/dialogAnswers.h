@@ -23,6 +23,8 @@ namespace tavisk::test {
 
 /// Puts a colour into the native dialog, from which it is read after OK.
 void chooseInDialog(wxColourDialog& dialog, const wxColour& colour);
+/// The same for a path.
+void chooseInDialog(wxFileDialog& dialog, const std::string& path);
 
 class DialogAnswers final : public wxModalDialogHook {
 public:
@@ -47,11 +49,11 @@ public:
             return static_cast<int>(wxID_OK);
         });
     }
-    /// An empty path is Cancel.
+    /// An empty path is Cancel. The file need not be there, its folder must.
     DialogAnswers& expectOpenFile(const std::string& wildcard, const std::string& path) {
         return expect("open " + wildcard, [path](wxDialog* dialog) {
             if (path.empty()) return static_cast<int>(wxID_CANCEL);
-            static_cast<wxFileDialog*>(dialog)->SetPath(toWx(path));
+            chooseInDialog(static_cast<wxFileDialog&>(*dialog), path);
             return static_cast<int>(wxID_OK);
         });
     }

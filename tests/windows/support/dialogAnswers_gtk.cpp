@@ -1,6 +1,7 @@
 #include <gtk/gtk.h>
 
 #include "windows/support/dialogAnswers.h"
+#include "windows/support/pump.h"
 
 namespace tavisk::test {
 
@@ -13,6 +14,16 @@ void chooseInDialog(wxColourDialog& dialog, const wxColour& colour) {
     auto* selection = gtk_color_selection_dialog_get_color_selection(native);
     gtk_color_selection_set_current_rgba(GTK_COLOR_SELECTION(selection), &rgba);
     G_GNUC_END_IGNORE_DEPRECATIONS
+}
+
+void chooseInDialog(wxFileDialog& dialog, const std::string& path) {
+    GtkFileChooser* const chooser = GTK_FILE_CHOOSER(dialog.GetHandle());
+    const std::size_t slash = path.rfind('/');
+    // Opening, the dialog has only files that are there.
+    gtk_file_chooser_set_action(chooser, GTK_FILE_CHOOSER_ACTION_SAVE);
+    gtk_file_chooser_set_current_folder(chooser, path.substr(0, slash + 1).c_str());
+    gtk_file_chooser_set_current_name(chooser, path.substr(slash + 1).c_str());
+    EXPECT_TRUE(pumpUntil([&] { return utf8Of(dialog.GetPath()) == path; })) << path;
 }
 
 }  // namespace tavisk::test
