@@ -1,19 +1,46 @@
 #include "editor/wx/icons.h"
 
 #include <string>
+#include <utility>
+#include <wx/image.h>
 #include <wx/settings.h>
 
 namespace tavisk {
+namespace {
+
+/// The drawing as a stencil for a colour. Drawing the SVG in the colour itself would darken its
+/// edges, which this toolkit multiplies with their coverage twice.
+class Stencil final : public wxBitmapBundleImpl {
+public:
+    Stencil(wxBitmapBundle drawing, const wxColour& colour)
+        : drawing_(std::move(drawing)), colour_(colour) {}
+
+    wxSize GetDefaultSize() const override { return drawing_.GetDefaultSize(); }
+    wxSize GetPreferredBitmapSizeAtScale(double scale) const override {
+        return drawing_.GetPreferredBitmapSizeAtScale(scale);
+    }
+    wxBitmap GetBitmap(const wxSize& size) override {
+        if (!bitmap_.IsOk() || bitmap_.GetSize() != size) {
+            wxImage image = drawing_.GetBitmap(size).ConvertToImage();
+            image.SetRGB(wxRect(size), colour_.Red(), colour_.Green(), colour_.Blue());
+            bitmap_ = wxBitmap(image);
+        }
+        return bitmap_;
+    }
+
+private:
+    wxBitmapBundle drawing_;
+    wxColour colour_;
+    wxBitmap bitmap_;
+};
+
+}  // namespace
 
 wxBitmapBundle icon(std::string_view name, int size, const wxColour& colour) {
-    constexpr std::string_view placeholder = "currentColor";
-    const std::string value = colour.GetAsString(wxC2S_HTML_SYNTAX).utf8_string();
-    std::string svg(iconSvg(name));
-    for (std::size_t at = svg.find(placeholder); at != std::string::npos;
-         at = svg.find(placeholder, at + value.size())) {
-        svg.replace(at, placeholder.size(), value);
-    }
-    return wxBitmapBundle::FromSVG(svg.c_str(), wxSize(size, size));
+    const std::string svg(iconSvg(name));
+    const wxBitmapBundle drawing = wxBitmapBundle::FromSVG(svg.c_str(), wxSize(size, size));
+    if (!drawing.IsOk()) return {};
+    return wxBitmapBundle::FromImpl(new Stencil(drawing, colour));
 }
 
 wxBitmapBundle icon(std::string_view name, int size) {

@@ -26,6 +26,7 @@ wxImage read(std::string_view bytes) {
     addHandler<wxBMPHandler>();
     wxMemoryInputStream stream(bytes.data(), bytes.size());
     wxImage image;
+    image.SetLoadFlags(0);  // without messages on the standard error stream, too
     if (!image.LoadFile(stream)) return {};
     // A photo is far larger than its place, and would be scaled anew with every size of the window.
     const wxSize most(1024, 1024);
