@@ -1,9 +1,7 @@
 #include <array>
 #include <clocale>
 #include <csignal>
-#include <cstring>
 #include <filesystem>
-#include <map>
 #include <string>
 #include <system_error>
 #include <wx/app.h>
@@ -13,28 +11,44 @@
 namespace tavisk {
 namespace {
 
-constexpr int lastSignal = 64;
+constexpr std::size_t signalCount = 65;  // they are numbered from 1
 
-using Handlers = std::map<int, struct sigaction>;
+/// By the signals' numbers.
+using Handlers = std::array<struct sigaction, signalCount>;
 
-Handlers currentHandlers() {
-    Handlers handlers;
-    for (int number = 1; number <= lastSignal; ++number) {
-        struct sigaction action {};
-        if (sigaction(number, nullptr, &action) == 0) handlers[number] = action;
-    }
+bool read(std::size_t number, struct sigaction& action) noexcept {
+    return sigaction(static_cast<int>(number), nullptr, &action) == 0;
+}
+
+void install(std::size_t number, const struct sigaction& action) noexcept {
+    sigaction(static_cast<int>(number), &action, nullptr);
+}
+
+Handlers currentHandlers() noexcept {
+    Handlers handlers{};
+    for (std::size_t number = 1; number < signalCount; ++number)
+        read(number, handlers[number]);
     return handlers;
 }
 
-bool same(const struct sigaction& a, const struct sigaction& b) {
-    return a.sa_sigaction == b.sa_sigaction && a.sa_flags == b.sa_flags &&
-           std::memcmp(&a.sa_mask, &b.sa_mask, sizeof a.sa_mask) == 0;
+/// The mask signal by signal: what lies behind the last one is undefined.
+bool same(const struct sigaction& a, const struct sigaction& b) noexcept {
+    if (a.sa_sigaction != b.sa_sigaction || a.sa_flags != b.sa_flags) return false;
+    for (int number = 1; number < static_cast<int>(signalCount); ++number) {
+        if (sigismember(&a.sa_mask, number) != sigismember(&b.sa_mask, number)) return false;
+    }
+    return true;
 }
 
 /// What the toolkit's libraries installed in earlier calls; theirs again while a call runs.
-Handlers& toolkitHandlers() {
-    static Handlers handlers;
-    return handlers;
+struct ToolkitHandlers {
+    Handlers handlers{};
+    std::array<bool, signalCount> own{};
+};
+
+ToolkitHandlers& toolkitHandlers() noexcept {
+    static ToolkitHandlers toolkit;
+    return toolkit;
 }
 
 }  // namespace
@@ -48,17 +62,21 @@ struct HostState::Saved {
 };
 
 HostState::HostState() : saved_(std::make_unique<Saved>()) {
-    for (const auto& [number, action] : toolkitHandlers())
-        sigaction(number, &action, nullptr);
+    const ToolkitHandlers& toolkit = toolkitHandlers();
+    for (std::size_t number = 1; number < signalCount; ++number) {
+        if (toolkit.own[number]) install(number, toolkit.handlers[number]);
+    }
     if (wxTheApp) wxTheApp->SetExitOnFrameDelete(false);
 }
 
 HostState::~HostState() {
-    for (const auto& [number, action] : currentHandlers()) {
-        const struct sigaction& before = saved_->handlers[number];
-        if (same(action, before)) continue;
-        toolkitHandlers()[number] = action;
-        sigaction(number, &before, nullptr);
+    const Handlers now = currentHandlers();
+    ToolkitHandlers& toolkit = toolkitHandlers();
+    for (std::size_t number = 1; number < signalCount; ++number) {
+        if (same(now[number], saved_->handlers[number])) continue;
+        toolkit.handlers[number] = now[number];
+        toolkit.own[number] = true;
+        install(number, saved_->handlers[number]);
     }
     if (saved_->locale != std::setlocale(LC_ALL, nullptr))
         std::setlocale(LC_ALL, saved_->locale.c_str());

@@ -1,8 +1,10 @@
-#include <cstdlib>
 #include <dlfcn.h>
 #include <gtk/gtk.h>
-#include <string>
+#include <link.h>
+#include <string_view>
+#include <wx/app.h>
 #include <wx/evtloop.h>
+#include <wx/strconv.h>
 #include <wx/toplevel.h>
 
 #include "platform/error.h"
@@ -11,31 +13,43 @@
 namespace tavisk {
 namespace {
 
-bool processHas(const char* symbol) { return dlsym(RTLD_DEFAULT, symbol) != nullptr; }
+/// Two versions of GTK in one process would end it.
+bool processHasOtherGtk() {
+    const auto isOther = [](dl_phdr_info* library, std::size_t, void*) {
+        const std::string_view name(library->dlpi_name);
+        return static_cast<int>(name.find("/libgtk-x11-2.0.so") != std::string_view::npos ||
+                                name.find("/libgtk-4.so") != std::string_view::npos);
+    };
+    return dl_iterate_phdr(isOther, nullptr) != 0;
+}
 
-/// An environment variable as it is now, put back at the end.
-class EnvironmentVariable {
+/// Ends of loops that wxWidgets ran inside the innermost one of ours. It ends ours with them.
+int innerLoopsEnded = 0;
+/// The host has ended its own loop while one of ours was running in it.
+bool hostHasQuit = false;
+
+class ComponentApp final : public wxApp {
 public:
-    explicit EnvironmentVariable(const char* name) : name_(name) {
-        if (const char* value = std::getenv(name)) {
-            value_ = value;
-            set_ = true;
-        }
+    /// The toolkit's own would set a variable in the host's environment, and complain on its
+    /// standard error where GTK is running already.
+    bool Initialize(int& count, wxChar** words) override {
+        wxConvCurrent = &wxConvUTF8;
+        const char** fileNameCharsets = nullptr;
+        g_get_filename_charsets(&fileNameCharsets);
+        static wxConvBrokenFileNames fileNames(fileNameCharsets[0]);
+        wxConvFileName = &fileNames;
+        if (!wxAppBase::Initialize(count, words)) return false;
+        WakeUpIdle();
+        return true;
     }
-    EnvironmentVariable(const EnvironmentVariable&) = delete;
-    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
-    ~EnvironmentVariable() {
-        if (set_) {
-            g_setenv(name_, value_.c_str(), TRUE);
-        } else {
-            g_unsetenv(name_);
-        }
+    bool OnInit() override { return true; }
+    // Handlers catch everything; what comes here nevertheless must not end the host.
+    bool OnExceptionInMainLoop() override { return true; }
+    void OnUnhandledException() override {}
+    void OnEventLoopExit(wxEventLoopBase* loop) override {
+        ++innerLoopsEnded;
+        wxApp::OnEventLoopExit(loop);
     }
-
-private:
-    const char* name_;
-    std::string value_;
-    bool set_ = false;
 };
 
 /// A loop inside gtk_main. The toolkit's own would end the enclosing gtk_main as well, which is
@@ -43,10 +57,13 @@ private:
 class NestedLoop final : public wxGUIEventLoop {
 protected:
     int DoRun() override {
-        const bool insideOwn = gtk_main_level() > 0 && isInsideOwn_;
-        while (!m_shouldExit)
+        while (!m_shouldExit) {
+            innerLoopsEnded = 0;
             gtk_main();
-        if (insideOwn) gtk_main_quit();
+            if (!m_shouldExit && innerLoopsEnded == 0) hostHasQuit = true;
+        }
+        if (gtk_main_level() > 0 && (isInsideOwn_ || hostHasQuit)) gtk_main_quit();
+        if (!isInsideOwn_) hostHasQuit = false;
         OnExit();
         return 0;
     }
@@ -57,24 +74,17 @@ private:
 
 }  // namespace
 
-void checkNativeToolkit() {
-    // GTK ends the process when it finds another version of itself.
-    if (processHas("gtk_progress_get_type") || processHas("gtk_root_get_type"))
-        raise(ErrorNumber::cannotLoadObject);
+void startNativeToolkit() {
     // Events come to the thread that owns this context.
-    if (!g_main_context_acquire(nullptr)) raise(ErrorNumber::cannotLoadObject);
+    if (processHasOtherGtk() || !g_main_context_acquire(nullptr))
+        raise(ErrorNumber::cannotLoadObject);
     g_main_context_release(nullptr);
+    // The host has chosen its locale; a GTK that is running already would complain.
+    if (!gdk_display_get_default()) gtk_disable_setlocale();
+    if (!gtk_init_check(nullptr, nullptr)) raise(ErrorNumber::cannotLoadObject);
 }
 
-bool startQuietly(const std::function<bool()>& start) {
-    const EnvironmentVariable fileNames("G_FILENAME_ENCODING");
-    // A host that has GTK running already would read a warning about the locale.
-    const auto drop = [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {};
-    const guint handler = g_log_set_handler("Gtk", G_LOG_LEVEL_WARNING, drop, nullptr);
-    const bool started = start();
-    g_log_remove_handler("Gtk", handler);
-    return started;
-}
+wxApp* newApplication() { return new ComponentApp; }
 
 void setModal(wxTopLevelWindow& frame, bool modal) {
     gtk_window_set_modal(GTK_WINDOW(frame.GetHandle()), modal);
@@ -85,6 +95,13 @@ void dispatchPendingOnce() {
     constexpr int most = 100;
     for (int i = 0; i < most && g_main_context_iteration(nullptr, FALSE); ++i) {
     }
+}
+
+bool isInsideAccessibilityRequest() {
+    const GSource* const source = g_main_current_source();
+    Dl_info info{};
+    return source && dladdr(reinterpret_cast<void*>(source->source_funcs->dispatch), &info) != 0 &&
+           std::string_view(info.dli_fname).find("libatspi") != std::string_view::npos;
 }
 
 std::unique_ptr<wxGUIEventLoop> newNestedLoop() { return std::make_unique<NestedLoop>(); }

@@ -3,10 +3,12 @@
 #include <thread>
 #include <utility>
 #include <wx/app.h>
+#include <wx/eventfilter.h>
 #include <wx/evtloop.h>
 #include <wx/image.h>
 #include <wx/init.h>
 #include <wx/log.h>
+#include <wx/menu.h>
 #include <wx/utils.h>
 
 #include "platform/error.h"
@@ -16,18 +18,10 @@ namespace tavisk {
 namespace {
 
 /// For hosts that have no wxWidgets of their own.
-class ComponentApp final : public wxApp {
-public:
-    bool OnInit() override { return true; }
-    // Handlers catch everything; what comes here nevertheless must not end the host.
-    bool OnExceptionInMainLoop() override { return true; }
-    void OnUnhandledException() override {}
-};
-
 bool startOwn() {
     wxDisableAsserts();
     wxLog::EnableLogging(false);  // in a host, nobody reads log windows
-    wxApp::SetInstance(new ComponentApp);
+    wxApp::SetInstance(newApplication());
     char name[] = "tavisk";
     char* words[] = {name, nullptr};
     int count = 1;
@@ -35,6 +29,36 @@ bool startOwn() {
     wxTheApp->SetExitOnFrameDelete(false);
     return true;
 }
+
+/// Puts off what the accessibility bus asks a frame to do until the request has been answered.
+class PutOffRequests final : public wxEventFilter {
+public:
+    explicit PutOffRequests(wxFrame& frame) : frame_(frame) { wxEvtHandler::AddFilter(this); }
+    PutOffRequests(const PutOffRequests&) = delete;
+    PutOffRequests& operator=(const PutOffRequests&) = delete;
+    ~PutOffRequests() override { wxEvtHandler::RemoveFilter(this); }
+
+    int FilterEvent(wxEvent& event) override {
+        const wxEventType type = event.GetEventType();
+        if (type != wxEVT_BUTTON && type != wxEVT_CHECKBOX && type != wxEVT_CHOICE &&
+            type != wxEVT_MENU)
+            return Event_Skip;
+        wxWindow* const window = windowOf(event);
+        if (wxGetTopLevelParent(window) != &frame_ || !isInsideAccessibilityRequest())
+            return Event_Skip;
+        window->GetEventHandler()->QueueEvent(event.Clone());
+        return Event_Processed;
+    }
+
+private:
+    static wxWindow* windowOf(const wxEvent& event) {
+        if (const auto* menu = dynamic_cast<wxMenu*>(event.GetEventObject()))
+            return menu->GetWindow();
+        return dynamic_cast<wxWindow*>(event.GetEventObject());
+    }
+
+    wxFrame& frame_;
+};
 
 /// The thread that has the windows. Windows cannot change it, so it is kept for the process.
 std::thread::id windowThread;
@@ -47,11 +71,11 @@ void startToolkit() {
         if (windowThread != caller) raise(ErrorNumber::cannotLoadObject);
         return;
     }
-    if (wxTheApp && wxTheApp->IsGUI()) {
-        if (!wxIsMainThread()) raise(ErrorNumber::cannotLoadObject);
-    } else {
-        checkNativeToolkit();
-        if (!startQuietly(startOwn)) raise(ErrorNumber::cannotLoadObject);
+    if (!wxTheApp) {
+        startNativeToolkit();
+        if (!startOwn()) raise(ErrorNumber::cannotLoadObject);
+    } else if (!wxTheApp->IsGUI() || !wxIsMainThread()) {
+        raise(ErrorNumber::cannotLoadObject);
     }
     wxInitAllImageHandlers();
     windowThread = caller;
@@ -64,6 +88,7 @@ void yieldOnce() {
 
 void ModalFrame::showModal() {
     const std::unique_ptr<wxGUIEventLoop> loop = newNestedLoop();
+    const PutOffRequests putOffRequests(*this);
     wxWindowDisabler others(this);
     leave_ = [&loop] { loop->Exit(); };
     Show();
