@@ -8,8 +8,13 @@ set -euo pipefail
 if [ -z "${TAVISK_INSIDE_DISPLAY:-}" ]; then
     export TAVISK_INSIDE_DISPLAY=1
     unset WAYLAND_DISPLAY
-    exec dbus-run-session -- xvfb-run -a -s "-screen 0 ${TAVISK_SCREEN:-1600x1200}x24 -nolisten tcp" \
+    # The accessibility bus lives here; one for all displays would end with the first of them.
+    XDG_RUNTIME_DIR=$(mktemp -d)
+    export XDG_RUNTIME_DIR
+    trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
+    dbus-run-session -- xvfb-run -a -s "-screen 0 ${TAVISK_SCREEN:-1600x1200}x24 -nolisten tcp" \
         "$0" "$@"
+    exit
 fi
 
 export GDK_BACKEND=x11 NO_AT_BRIDGE=${NO_AT_BRIDGE:-0}
