@@ -9,6 +9,7 @@
 #include <wx/frame.h>
 #include <wx/panel.h>
 #include <wx/textctrl.h>
+#include <wx/toolbar.h>
 
 #include "windows/support/accessibleNames.h"
 #include "windows/support/pump.h"
@@ -74,6 +75,18 @@ TEST_F(Accessible, TreeIsNamedWhereItHasTheFocus) {
     setAccessibleName(*tree, "Help nodes");
     EXPECT_TRUE(GTK_IS_TREE_VIEW(focusWidget(*tree)));
     EXPECT_EQ(focused(*tree), "Help nodes");
+}
+
+TEST_F(Accessible, ToolbarKeepsTheNamesOfItsButtons) {
+    auto* const toolbar = new wxToolBar(panel, wxID_ANY);
+    const wxBitmap picture(8, 8);
+    toolbar->AddTool(wxID_ANY, "Cut", picture);
+    toolbar->Realize();
+    setAccessibleName(*toolbar, "Commands");
+    EXPECT_EQ(accessibleName(*toolbar), "Commands");
+    GtkWidget* const bar = gtk_bin_get_child(GTK_BIN(toolbar->GetHandle()));
+    GtkToolItem* const item = gtk_toolbar_get_nth_item(GTK_TOOLBAR(bar), 0);
+    EXPECT_EQ(accessibleName(gtk_bin_get_child(GTK_BIN(item))), "Cut");
 }
 
 TEST_F(Accessible, NameThatIsNoAscii) {

@@ -11,7 +11,9 @@ namespace {
 void nameFocusable(GtkWidget* widget, gpointer name) {
     if (gtk_widget_get_can_focus(widget))
         atk_object_set_name(gtk_widget_get_accessible(widget), static_cast<const char*>(name));
-    if (GTK_IS_CONTAINER(widget)) gtk_container_forall(GTK_CONTAINER(widget), nameFocusable, name);
+    // The parts of a toolbar are controls with names of their own.
+    if (GTK_IS_CONTAINER(widget) && !GTK_IS_TOOLBAR(widget))
+        gtk_container_forall(GTK_CONTAINER(widget), nameFocusable, name);
 }
 
 }  // namespace

@@ -1,0 +1,59 @@
+// The editor's controls in a plain frame, without a session behind them.
+#pragma once
+
+#include <string>
+#include <vector>
+#include <wx/frame.h>
+#include <wx/statbox.h>
+
+#include "editor/wx/answerBox.h"
+#include "editor/wx/editorControls.h"
+#include "editor/wx/helpTree.h"
+#include "editor/wx/pictureBox.h"
+#include "platform/wx/strings.h"
+#include "windows/support/pump.h"
+
+namespace tavisk::test {
+
+struct EditorFrame {
+    EditorFrame() : controls(buildEditor(*frame)) {}
+    EditorFrame(const EditorFrame&) = delete;
+    EditorFrame& operator=(const EditorFrame&) = delete;
+    ~EditorFrame() {
+        delete frame;
+        pumpPending();
+    }
+
+    void show() {
+        frame->Show();
+        frame->Raise();
+        pumpUntil([this] { return frame->IsShownOnScreen() && frame->IsActive(); });
+        pumpPending();
+    }
+    /// With the frame that the desktop draws around it.
+    void resize(int width, int height) {
+        frame->SetSize(width, height);
+        pumpUntil([&] { return frame->GetSize() == wxSize(width, height); });
+        pumpPending();
+    }
+
+    wxWindow* find(const std::string& name) const {
+        return wxWindow::FindWindowByName(name, frame);
+    }
+    /// All windows below one, in their order.
+    static std::vector<wxWindow*> below(const wxWindow& parent) {
+        std::vector<wxWindow*> windows;
+        for (wxWindow* child : parent.GetChildren()) {
+            windows.push_back(child);
+            for (wxWindow* deeper : below(*child))
+                windows.push_back(deeper);
+        }
+        return windows;
+    }
+    static std::string name(const wxWindow& window) { return utf8Of(window.GetName()); }
+
+    wxFrame* frame = new wxFrame(nullptr, wxID_ANY, "");
+    EditorControls controls;
+};
+
+}  // namespace tavisk::test
