@@ -1,7 +1,6 @@
 // The editor window under real keys and a real mouse.
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
-#include <wx/timer.h>
 
 #include "windows/support/answerWindow.h"
 #include "windows/support/editorInput.h"
@@ -12,6 +11,7 @@ namespace {
 
 using test::EditorInput;
 using test::pumpUntil;
+using test::RealDialog;
 using test::shownColours;
 
 constexpr const char* twoNodes = R"(<a value="ab"/><b/>)";
@@ -130,7 +130,7 @@ TEST_F(FrmMainInput, DeleteOnAButtonABoxOrAListDoesNothing) {
           static_cast<wxWindow*>(controls.lstImages)}) {
         editor.focus(control);
         editor.press(WXK_DELETE);
-        EXPECT_TRUE(tabLeaves(editor, control->GetName().utf8_str()));
+        ASSERT_TRUE(tabLeaves(editor, control->GetName().utf8_str()));
         EXPECT_EQ(editor.tree(), twoNodesTree) << control->GetName();
     }
 }
@@ -162,7 +162,7 @@ TEST_F(FrmMainInput, EscapeIsCancelWhereverTheFocusIs) {
         editor.focus(control);
         expectQuestion(editor);
         editor.press(WXK_ESCAPE);
-        EXPECT_TRUE(asked(editor)) << control->GetName();
+        ASSERT_TRUE(asked(editor)) << control->GetName();
     }
     EXPECT_TRUE(editor.window->IsShown());
 }
@@ -423,7 +423,8 @@ TEST_F(FrmMainInput, ALockedNodesBoxesTakeNoMouse) {
     EXPECT_EQ(editor.tree(), "<cabinet><a/><cabinetdata><b/></cabinetdata></cabinet>");
 }
 
-// The report is a real dialog here, answered by a real key.
+// From here on the dialogs are on the screen, and are answered by real keys.
+
 TEST_F(FrmMainInput, TypingGoesOnAfterAReportOfATextThatIsTooLong) {
     constexpr std::size_t longest = 32767;
     std::u16string text(longest, u'x');
@@ -431,29 +432,61 @@ TEST_F(FrmMainInput, TypingGoesOnAfterAReportOfATextThatIsTooLong) {
         text[i] = u' ';
     EditorInput editor("<a/>");
     editor.type(text);
-    editor.dialogs.Unregister();
     AnswerBox& box = *editor.controls().txtValue;
     editor.focus(&box);
     box.SetInsertionPointEnd();
-    bool reported = false;
-    wxTimer watch(editor.window);
-    editor.window->Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-        if (reported || editor.window->IsActive()) return;
-        reported = true;
-        editor.press(WXK_RETURN);
-    });
-    watch.Start(20);
+    RealDialog report(editor, [&] { editor.press(WXK_RETURN); });
     editor.text("y");
-    EXPECT_TRUE(pumpUntil([&] { return box.GetLastPosition() == long(longest) + 1; }));
-    EXPECT_TRUE(pumpUntil([&] { return editor.window->IsActive() && box.HasFocus(); }));
-    watch.Stop();
-    EXPECT_TRUE(reported);
+    EXPECT_TRUE(report.answered());
+    EXPECT_EQ(box.GetLastPosition(), static_cast<long>(longest) + 1);
+    EXPECT_EQ(editor.focused(), "txtValue");
     editor.press(WXK_BACK);
     editor.press(WXK_BACK);
     editor.text("z");
-    EXPECT_TRUE(pumpUntil([&] { return box.GetValue().Last() == 'z'; }));
     text.back() = u'z';
-    EXPECT_EQ(editor.tree(), "<cabinet><a value=\"" + toUtf8(text) + "\"/></cabinet>");
+    EXPECT_TRUE(editor.becomes("<cabinet><a value=\"" + toUtf8(text) + "\"/></cabinet>"));
+}
+
+TEST_F(FrmMainInput, TheTreeGoesOnAfterAClickThatEndedInAReport) {
+    EditorInput editor(R"(<a/><b style="abc"/><c value="three"/>)");
+    RealDialog report(editor, [&] { editor.press(WXK_RETURN); });
+    editor.mouseRow("cabinet=>b");
+    EXPECT_TRUE(report.answered());
+    EXPECT_EQ(editor.label(editor.controls().lblCurrentField), "cabinet=>b");
+    editor.mouseRow("cabinet=>c");
+    EXPECT_TRUE(pumpUntil([&] { return editor.controls().txtValue->GetValue() == "three"; }));
+    editor.press(WXK_HOME);
+    EXPECT_TRUE(
+        pumpUntil([&] { return editor.label(editor.controls().lblCurrentField) == "cabinet"; }));
+}
+
+TEST_F(FrmMainInput, EscapeInTheColourDialogClosesTheDialogOnly) {
+    EditorInput editor(R"(<a titlecolor="#FF8040"/>)");
+    RealDialog colours(editor, [&] { editor.press(WXK_ESCAPE); });
+    editor.mouse(editor.controls().ChangeColor.at(0));
+    EXPECT_TRUE(colours.answered());
+    EXPECT_EQ(editor.tree(), R"(<cabinet><a titlecolor="#000000"/></cabinet>)");
+    EXPECT_TRUE(editor.window->IsShown());
+}
+
+TEST_F(FrmMainInput, ThePathOfAnExternalImageIsTypedIntoThePrompt) {
+    EditorInput editor(twoNodes);
+    RealDialog prompt(editor, [&] {
+        editor.text("p.jpg");
+        editor.press(WXK_RETURN);
+    });
+    editor.press('X', wxMOD_ALT);
+    EXPECT_TRUE(prompt.answered());
+    EXPECT_EQ(editor.tree(), R"(<cabinet><a value="`@p.jpg`ab"/><b/></cabinet>)");
+}
+
+TEST_F(FrmMainInput, EscapeInThePromptClosesThePromptOnly) {
+    EditorInput editor(twoNodes);
+    RealDialog prompt(editor, [&] { editor.press(WXK_ESCAPE); });
+    editor.press('X', wxMOD_ALT);
+    EXPECT_TRUE(prompt.answered());
+    EXPECT_EQ(editor.tree(), twoNodesTree);
+    EXPECT_TRUE(editor.window->IsShown());
 }
 
 }  // namespace

@@ -1,8 +1,11 @@
 // The editor window under the user's own hands: real keys and mouse.
 #pragma once
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
+#include <wx/timer.h>
 #include <wx/uiaction.h>
 
 #include "windows/support/editorWindow.h"
@@ -12,6 +15,9 @@ namespace tavisk::test {
 /// Name of the control in `window` that takes the keys. The toolkit's own answer leaves out lists
 /// that the Tab key led to.
 std::string focusedControl(const wxWindow& window);
+
+/// Whether another window of this process takes the keys: a dialog.
+bool dialogTakesKeys(const wxWindow& window);
 
 class EditorInput : public EditorWindow {
 public:
@@ -47,6 +53,30 @@ public:
     }
 
     wxUIActionSimulator user;
+};
+
+/// Lets dialogs open on the screen, and runs `answer` when the first one takes keys.
+class RealDialog : private wxTimer {
+public:
+    RealDialog(EditorInput& editor, std::function<void()> answer)
+        : editor_(editor), answer_(std::move(answer)) {
+        constexpr int milliseconds = 20;
+        editor.dialogs.Unregister();
+        Start(milliseconds);
+    }
+
+    /// Waits until the dialog has come and gone.
+    bool answered() {
+        return pumpUntil([this] { return !answer_ && editor_.window->IsActive(); });
+    }
+
+private:
+    void Notify() override {
+        if (answer_ && dialogTakesKeys(*editor_.window)) std::exchange(answer_, nullptr)();
+    }
+
+    EditorInput& editor_;
+    std::function<void()> answer_;
 };
 
 }  // namespace tavisk::test

@@ -1,4 +1,5 @@
 #include <gtk/gtk.h>
+#include <memory>
 
 #include "windows/support/editorInput.h"
 
@@ -22,6 +23,16 @@ std::string focusedControl(const wxWindow& window) {
             return utf8Of(control->GetName());
     }
     return "";
+}
+
+bool dialogTakesKeys(const wxWindow& window) {
+    const std::unique_ptr<GList, decltype(&g_list_free)> windows(gtk_window_list_toplevels(),
+                                                                 g_list_free);
+    for (const GList* at = windows.get(); at; at = at->next) {
+        if (at->data != window.GetHandle() && gtk_window_is_active(GTK_WINDOW(at->data)))
+            return true;
+    }
+    return false;
 }
 
 }  // namespace tavisk::test
