@@ -26,6 +26,16 @@ double luminance(const wxColour& colour) {
            0.0722 * linear(colour.Blue());
 }
 
+/// A static box asks for room for its controls as they are placed now, so that it could never
+/// become smaller again. What they need is known to the sizer.
+class Frame final : public wxStaticBox {
+public:
+    using wxStaticBox::wxStaticBox;
+
+protected:
+    wxSize DoGetBestSize() const override { return GetTextExtent(GetLabelText()); }
+};
+
 }  // namespace
 
 wxString indexed(const char* name, int index) { return wxString::Format("%s(%d)", name, index); }
@@ -62,7 +72,7 @@ wxStaticText* newFieldLabel(wxWindow* parent, const wxString& name, const wxStri
 
 wxStaticBox* newFrame(wxWindow* parent, const wxString& name, const wxString& caption) {
     auto* const frame =
-        new wxStaticBox(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0, name);
+        new Frame(parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0, name);
     styleCaption(*frame);
     return frame;
 }
