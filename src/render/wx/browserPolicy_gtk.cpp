@@ -5,7 +5,6 @@
 #include <webkit2/webkit2.h>
 #include <wx/webview.h>
 
-#include "platform/wx/strings.h"
 #include "render/wx/browserPolicy.h"
 
 namespace tavisk {
@@ -27,7 +26,6 @@ int freeSignal() {
 
 /// Nothing that a page of texts and pictures can do without.
 void restrictSettings(WebKitSettings& settings) {
-    // Scripts inside the page, and scripts that anything else would run in it.
     constexpr std::array off{
         "enable-javascript",
         "enable-javascript-markup",
@@ -105,9 +103,9 @@ void disconnectToolkit(wxWebView& browser, WebKitWebView* view, const char* sign
 void prepareBrowserEngine() {
     static bool prepared = false;
     if (std::exchange(prepared, true)) return;
-    // When it starts, the engine takes the handler of one signal for its garbage collector: the
-    // first one for users' purposes, which may be the host's, if this variable names no other. The
-    // variable itself would have to be set for the whole process, and makes the engine complain.
+    // When it starts, the engine takes over a signal, SIGUSR1 unless told otherwise, which may be
+    // the host's now or later. Telling it by the environment would change that of the host, and
+    // makes the engine complain on standard error; who has done so wants it.
     if (g_getenv("JSC_SIGNAL_FOR_GC")) return;
     using Configure = bool (*)(int);
     const auto configure =
@@ -123,13 +121,12 @@ struct BrowserPolicy::Native {
     std::string page;
     bool loading = false;  ///< the page was asked for, and nothing has been answered yet
 
-    template <class... Arguments>
-    static void call(const std::function<void(Arguments...)>& event,
-                     const std::type_identity_t<Arguments>&... arguments) noexcept {
+    /// An exception must not reach the engine; the window reports those of its own actions.
+    template <class Action>
+    static void guard(Action&& action) noexcept {
         try {
-            if (event) event(arguments...);
+            std::forward<Action>(action)();
         } catch (...) {
-            // Must not reach the engine; the window reports its own errors.
         }
     }
 
@@ -142,31 +139,31 @@ struct BrowserPolicy::Native {
         return answerNavigation(navigation, page);
     }
 
-    static gboolean decidePolicy(WebKitWebView*, WebKitPolicyDecision* decision,
-                                 WebKitPolicyDecisionType type, Native* self) {
-        if (type == WEBKIT_POLICY_DECISION_TYPE_RESPONSE) {
-            // What cannot be shown would become a download.
-            if (webkit_response_policy_decision_is_mime_type_supported(
-                    WEBKIT_RESPONSE_POLICY_DECISION(decision))) {
-                webkit_policy_decision_use(decision);
-            } else {
-                webkit_policy_decision_ignore(decision);
-            }
-            return TRUE;
-        }
-        WebKitNavigationAction* action = webkit_navigation_policy_decision_get_navigation_action(
-            WEBKIT_NAVIGATION_POLICY_DECISION(decision));
+    bool mayNavigate(WebKitNavigationAction* action, bool newWindow) {
         const char* uri = webkit_uri_request_get_uri(webkit_navigation_action_get_request(action));
         const Navigation navigation{
             .address = uri ? uri : "",
             .linkClicked = webkit_navigation_action_get_navigation_type(action) ==
                                WEBKIT_NAVIGATION_TYPE_LINK_CLICKED &&
                            webkit_navigation_action_is_user_gesture(action),
-            .newWindow = type == WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION};
-        const NavigationAnswer answer = self->answer(navigation);
+            .newWindow = newWindow};
+        const NavigationAnswer answer = this->answer(navigation);
         if (answer == NavigationAnswer::openOutside)
-            call(self->events.addressClicked, std::string(navigation.address));
-        if (answer == NavigationAnswer::show) {
+            guard([&] { events.addressClicked(std::string(navigation.address)); });
+        return answer == NavigationAnswer::show;
+    }
+
+    static gboolean decidePolicy(WebKitWebView*, WebKitPolicyDecision* decision,
+                                 WebKitPolicyDecisionType type, Native* self) {
+        // What cannot be shown would become a download.
+        const bool may =
+            type == WEBKIT_POLICY_DECISION_TYPE_RESPONSE
+                ? webkit_response_policy_decision_is_mime_type_supported(
+                      WEBKIT_RESPONSE_POLICY_DECISION(decision)) != FALSE
+                : self->mayNavigate(webkit_navigation_policy_decision_get_navigation_action(
+                                        WEBKIT_NAVIGATION_POLICY_DECISION(decision)),
+                                    type == WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION);
+        if (may) {
             webkit_policy_decision_use(decision);
         } else {
             webkit_policy_decision_ignore(decision);
@@ -188,34 +185,25 @@ struct BrowserPolicy::Native {
         return FALSE;
     }
 
-    /// Before the page, which gets keys first otherwise, and later if it is busy.
+    /// Before the page, whose process may be busy.
     static gboolean keyPress(GtkWidget*, GdkEventKey* event, Native* self) {
         return gtk_window_activate_key(self->window, event);
     }
 
     static gboolean ownKey(GtkAccelGroup*, GObject*, guint key, GdkModifierType, Native* self) {
         for (const OwnKey& own : ownKeys) {
-            if (own.key == key) call(self->events.keyPressed, own.meaning);
+            if (own.key == key) guard([&] { self->events.keyPressed(own.meaning); });
         }
         return TRUE;
     }
 
     static void terminated(WebKitWebView*, WebKitWebProcessTerminationReason, Native* self) {
-        call(self->events.ended);
-    }
-
-    static gboolean authenticate(WebKitWebView*, WebKitAuthenticationRequest* request, Native*) {
-        webkit_authentication_request_cancel(request);
-        return TRUE;
+        guard([&] { self->events.ended(); });
     }
 
     static gboolean chooseFile(WebKitWebView*, WebKitFileChooserRequest* request, Native*) {
         webkit_file_chooser_request_cancel(request);
         return TRUE;
-    }
-
-    static void downloadStarted(WebKitWebContext*, WebKitDownload* download, Native* self) {
-        if (webkit_download_get_web_view(download) == self->view) webkit_download_cancel(download);
     }
 };
 
@@ -227,7 +215,7 @@ BrowserPolicy::BrowserPolicy(wxWebView& browser, BrowserEvents events)
     restrictSettings(*webkit_web_view_get_settings(native->view));
 
     // The toolkit's own handlers would answer first, and do not know whether the user clicked.
-    for (const char* signal : {"decide-policy", "create", "context-menu"})
+    for (const char* signal : {"decide-policy", "context-menu"})
         disconnectToolkit(browser, native->view, signal);
     const auto connect = [native](gpointer object, const char* signal, GCallback handler) {
         g_signal_connect(object, signal, handler, native);
@@ -235,10 +223,7 @@ BrowserPolicy::BrowserPolicy(wxWebView& browser, BrowserEvents events)
     connect(native->view, "decide-policy", G_CALLBACK(Native::decidePolicy));
     connect(native->view, "context-menu", G_CALLBACK(Native::contextMenu));
     connect(native->view, "web-process-terminated", G_CALLBACK(Native::terminated));
-    connect(native->view, "authenticate", G_CALLBACK(Native::authenticate));
     connect(native->view, "run-file-chooser", G_CALLBACK(Native::chooseFile));
-    connect(webkit_web_view_get_context(native->view), "download-started",
-            G_CALLBACK(Native::downloadStarted));
     connect(native->view, "key-press-event", G_CALLBACK(Native::keyPress));
 
     GtkWidget* const widget = GTK_WIDGET(native->view);
@@ -258,7 +243,6 @@ BrowserPolicy::BrowserPolicy(wxWebView& browser, BrowserEvents events)
 BrowserPolicy::~BrowserPolicy() {
     gtk_window_remove_accel_group(native_->window, native_->keys);
     g_object_unref(native_->keys);
-    g_signal_handlers_disconnect_by_data(webkit_web_view_get_context(native_->view), native_.get());
     g_signal_handlers_disconnect_by_data(native_->view, native_.get());
 }
 

@@ -65,7 +65,7 @@ std::string menuAt(const frmPreview& window, const wxPoint& place);
 void closeFromOutside(const wxWindow& window);
 /// Where files can be dropped.
 bool takesDrops(const wxWebView& browser);
-/// The processes that show pages for this one.
+/// The processes that show pages for this one, those that nobody has waited for included.
 std::vector<int> pageProcesses();
 
 /// Shown, not modal, so that a test can go on.

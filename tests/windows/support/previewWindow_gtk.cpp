@@ -191,7 +191,7 @@ std::vector<int> pageProcesses() {
         int parent = 0;
         std::istringstream rest(line.substr(end + 2));
         rest >> state >> parent;
-        if (parent == getpid() && state != 'Z') found.push_back(std::atoi(line.c_str()));
+        if (parent == getpid()) found.push_back(std::atoi(line.c_str()));
     }
     return found;
 }
