@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "windows/support/answerWindow.h"
+#include "windows/support/editorStep.h"
 #include "windows/support/editorWindow.h"
 #include "windows/support/treeWindow.h"
 
@@ -9,6 +10,7 @@ namespace tavisk {
 namespace {
 
 using test::EditorWindow;
+using test::expectInStep;
 using test::shownColours;
 
 constexpr const char* overflow = "Overflow";
@@ -101,6 +103,7 @@ TEST_F(FrmMainAnswer, WithoutANodeTypingColoursTheTextAndWritesNothing) {
     EXPECT_EQ(shownColours(box(editor)), "ooo..");
     EXPECT_EQ(text(editor), "`x` y");
     EXPECT_EQ(editor.tree(), "<cabinet><a/></cabinet>");
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainAnswer, ImageAtTheCursorReplacesTheSelection) {
@@ -197,6 +200,7 @@ TEST_F(FrmMainAnswer, WithNoImageChosenTheOverlayIsReportedAndNothingChanges) {
     EXPECT_EQ(box(editor).GetStringSelection(), "el");
     EXPECT_EQ(editor.current(), R"(<a value="hello"/>)");
     EXPECT_TRUE(editor.window->IsShown());
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainAnswer, AnInsertionRunsNoHandlerOfTheBox) {
@@ -253,6 +257,7 @@ TEST_F(FrmMainAnswer, OneCharacterMoreIsReportedAndTheNodeKeepsItsText) {
     EXPECT_EQ(value(editor), words(longest));
     EXPECT_EQ(text(editor), words(longest) + "y");
     EXPECT_TRUE(editor.window->IsShown());
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainAnswer, AShortenedTextIsWrittenAndColouredAgain) {
@@ -264,6 +269,7 @@ TEST_F(FrmMainAnswer, AShortenedTextIsWrittenAndColouredAgain) {
     box(editor).Remove(10, static_cast<long>(longest) + 1);
     EXPECT_EQ(value(editor), "`x` xxxxxx");
     EXPECT_EQ(shownColours(box(editor)), "ooo.......");
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainAnswer, EveryChangeOfATextThatIsTooLongIsReported) {
@@ -298,6 +304,7 @@ TEST_F(FrmMainAnswer, InsertionBeyondTheLongestTextIsReportedAndTheNodeKeepsItsT
     EXPECT_EQ(text(editor), "``" + most);
     box(editor).Remove(0, 1);
     EXPECT_EQ(value(editor), "`" + most);
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainAnswer, InsertionBehindTheLastPositionIsReportedAndChangesNothing) {
@@ -308,6 +315,7 @@ TEST_F(FrmMainAnswer, InsertionBehindTheLastPositionIsReportedAndChangesNothing)
     editor.click(editor.controls().cmdInsertImage);
     EXPECT_EQ(text(editor), most);
     EXPECT_EQ(value(editor), most);
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainAnswer, ForbiddenCharacterIsReportedAndStaysInTheBoxUntilItIsTakenOut) {
@@ -320,6 +328,7 @@ TEST_F(FrmMainAnswer, ForbiddenCharacterIsReportedAndStaysInTheBoxUntilItIsTaken
     box(editor).Remove(1, 2);
     EXPECT_EQ(value(editor), "a`x`b");
     EXPECT_EQ(shownColours(box(editor)), ".ooo.");
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainAnswer, InsertionIntoATextWithAForbiddenCharacterIsReportedAndNothingIsLost) {
@@ -333,6 +342,7 @@ TEST_F(FrmMainAnswer, InsertionIntoATextWithAForbiddenCharacterIsReportedAndNoth
     EXPECT_EQ(value(editor), "ab");
     box(editor).Remove(2, 3);
     EXPECT_EQ(value(editor), "ab``");
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainAnswer, WhileAnErrorIsReportedTheBoxKeepsWhatWasTyped) {
@@ -351,6 +361,7 @@ TEST_F(FrmMainAnswer, FormattingAfterAFailedChangeLeavesTheTextInTheBox) {
     editor.tick(editor.controls().chkStyle.at(1), true);
     EXPECT_EQ(text(editor), "ab\x01");
     EXPECT_EQ(editor.current(), R"(<a value="ab" style="1"/>)");
+    expectInStep(editor);
 }
 
 }  // namespace

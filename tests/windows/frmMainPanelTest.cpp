@@ -3,6 +3,7 @@
 #include <wx/frame.h>
 #include <wx/menu.h>
 
+#include "windows/support/editorStep.h"
 #include "windows/support/editorWindow.h"
 #include "windows/support/treeWindow.h"
 
@@ -11,6 +12,7 @@ namespace {
 
 using test::EditorSession;
 using test::EditorWindow;
+using test::expectInStep;
 
 constexpr const char* mismatch = "Type mismatch";
 
@@ -138,16 +140,6 @@ TEST_F(FrmMainPanel, CurrentFieldIsTheKeyOfTheSelectedRow) {
     EXPECT_EQ(editor.label(editor.controls().lblCurrentField), "cabinet=>top node=>my node");
 }
 
-TEST_F(FrmMainPanel, LongKeyIsInTheLabelWholeAndInItsToolTip) {
-    const std::string name(300, 'n');
-    EditorWindow editor("<a/><" + name + "/>");
-    wxStaticText* const field = editor.controls().lblCurrentField;
-    EXPECT_EQ(field->GetToolTipText(), "");
-    editor.select("cabinet=>" + name);
-    EXPECT_EQ(editor.label(field), "cabinet=>" + name);
-    EXPECT_EQ(field->GetToolTipText(), "cabinet=>" + name);
-}
-
 constexpr const char* lockedB =
     R"(<a value="text" titlecolor="#010203" style="9" spacebefore="4" titlefontsize="-3")"
     R"( pagebreak="1"/><cabinetdata><b value="other" style="x"/></cabinetdata>)";
@@ -190,6 +182,7 @@ TEST_F(FrmMainPanel, LockedNodeIsCurrentWhileThePanelShowsTheNodeBefore) {
     EXPECT_EQ(styles(controls), (std::vector<int>{1, 8}));
     EXPECT_EQ(boxes(controls), Names{"chkPageBreak"});
     EXPECT_EQ(controls.txtValue->GetValue(), "text");
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainPanel, OrdinaryNodeAfterALockedOneIsUsableAndFilled) {
@@ -247,6 +240,7 @@ TEST_F(FrmMainPanel, TopRowFillsThePanelButTakesNoText) {
     EXPECT_EQ(styles(editor.controls()), std::vector<int>{2});
     EXPECT_EQ(enabledMenuEntries(*editor.window), allMenuEntries);
     EXPECT_EQ(enabledTools(editor.controls()), allTools);
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainPanel, NodeAfterTheTopRowTakesTextAgain) {
@@ -340,12 +334,12 @@ TEST_F(FrmMainPanel, BoxThatChangesItsStateWritesItAndOneThatKeepsItDoesNot) {
     EXPECT_EQ(boxes(editor.controls()), Names{"chkPageBreak"});
 }
 
-TEST_F(FrmMainPanel, AllFourBoxesThatAreClearedWriteTheirZeros) {
-    EditorWindow editor(
-        R"(<a titlehidden="1" answerhidden="1" columnbreak="1" pagebreak="1"/><b/>)");
+TEST_F(FrmMainPanel, WhatFillingWritesIsWrittenInItsOrder) {
+    EditorWindow editor(R"(<a pagebreak="1" columnbreak="1" answerhidden="1" titlehidden="1")"
+                        R"( value="text"/><b/>)");
     editor.select("cabinet=>b");
-    EXPECT_EQ(editor.current(),
-              R"(<b titlehidden="0" answerhidden="0" columnbreak="0" pagebreak="0"/>)");
+    EXPECT_EQ(editor.current(), R"(<b value="" titlehidden="0" answerhidden="0" columnbreak="0")"
+                                R"( pagebreak="0"/>)");
     EXPECT_EQ(boxes(editor.controls()), Names{});
 }
 
@@ -424,6 +418,7 @@ TEST_F(FrmMainPanel, StyleThatIsNoNumberIsReportedAndWhatCameBeforeIsShown) {
     EXPECT_EQ(controls.lblColor.at(1)->GetForegroundColour(), wxColour(4, 5, 6));
     EXPECT_EQ(styles(controls), std::vector<int>{1});
     EXPECT_EQ(boxes(controls), Names{"chkPageBreak"});
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainPanel, WhileTheErrorIsReportedThePanelIsInStepAlready) {
@@ -458,6 +453,7 @@ TEST_F(FrmMainPanel, AfterAnErrorStyleBoxesIgnoreClicksUntilASelectionIsComplete
     editor.tick(editor.controls().chkHidden.at(0), true);
     EXPECT_EQ(editor.current(), R"(<b style="abc" titlehidden="1"/>)");
     EXPECT_EQ(styles(editor.controls()), std::vector<int>{4});
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainPanel, StyleBeyond32BitsIsReported) {
@@ -465,6 +461,7 @@ TEST_F(FrmMainPanel, StyleBeyond32BitsIsReported) {
     editor.expectReport(6, "Overflow");
     editor.select("cabinet=>b");
     EXPECT_EQ(editor.current(), R"(<b style="2147483648"/>)");
+    expectInStep(editor);
 }
 
 TEST_F(FrmMainPanel, TextThatIsTooLongIsShownAndReportedAndLost) {
@@ -477,6 +474,7 @@ TEST_F(FrmMainPanel, TextThatIsTooLongIsShownAndReportedAndLost) {
     EXPECT_EQ(editor.controls().txtValue->GetValue(), value);
     EXPECT_EQ(styles(editor.controls()), std::vector<int>{1});
     EXPECT_EQ(editor.current(), R"(<b style="2" value=")" + value + "\"/>");
+    expectInStep(editor);
     editor.select("cabinet=>c");
     EXPECT_EQ(editor.controls().txtValue->GetValue(), "");
     EXPECT_EQ(editor.current(), R"(<c value=""/>)");
@@ -492,6 +490,7 @@ TEST_F(FrmMainPanel, RowWhoseNamesLeadNowhereIsReportedAndNothingCanBeWritten) {
     editor.type(u"typed");
     editor.click(editor.controls().cmdChangeFont.at(2));
     EXPECT_EQ(editor.tree(), "<cabinet><a><x/></a><a><y/></a></cabinet>");
+    expectInStep(editor);
     editor.select("cabinet=>a");
     EXPECT_EQ(editor.current(), R"(<a value=""><x/></a>)");
 }
@@ -503,6 +502,7 @@ TEST_F(FrmMainPanel, TextRowIsReportedWhenItCannotTakeTheEmptyText) {
     editor.controls().TreeXML->choose(words);
     test::pumpPending();
     EXPECT_EQ(editor.tree(), R"(<cabinet><a value="text"/>words</cabinet>)");
+    expectInStep(editor);
     editor.select("cabinet=>a");
     EXPECT_EQ(editor.controls().txtValue->GetValue(), "text");
 }
