@@ -10,10 +10,21 @@ if [ -z "${TAVISK_INSIDE_DISPLAY:-}" ]; then
     unset WAYLAND_DISPLAY
     # The accessibility bus lives here; one for all displays would end with the first of them.
     XDG_RUNTIME_DIR=$(mktemp -d)
-    export XDG_RUNTIME_DIR
-    trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
-    dbus-run-session -- xvfb-run -a -s "-screen 0 ${TAVISK_SCREEN:-1600x1200}x24 -nolisten tcp" \
-        "$0" "$@"
+    export XDG_RUNTIME_DIR XAUTHORITY=$XDG_RUNTIME_DIR/authority
+    server=
+    trap '[ -z "$server" ] || kill "$server" 2> /dev/null || true; rm -rf "$XDG_RUNTIME_DIR"' EXIT
+    (umask 077 && : > "$XAUTHORITY")
+    cookie=$(mcookie)
+    xauth -q add :0 . "$cookie"
+    # The server finds a free number itself: many may start at the same time.
+    mkfifo "$XDG_RUNTIME_DIR/number"
+    Xvfb -displayfd 3 -auth "$XAUTHORITY" -screen 0 "${TAVISK_SCREEN:-1600x1200}x24" -nolisten tcp \
+        3> "$XDG_RUNTIME_DIR/number" > /dev/null 2>&1 &
+    server=$!
+    read -r number < "$XDG_RUNTIME_DIR/number"
+    xauth -q add ":$number" . "$cookie"
+    export DISPLAY=:$number
+    dbus-run-session -- "$0" "$@"
     exit
 fi
 
