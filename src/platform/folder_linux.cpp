@@ -14,13 +14,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path libraryFolder() {
-    Dl_info info{};
-    if (dladdr(reinterpret_cast<void*>(&componentFolder), &info) == 0 || !info.dli_fname) return {};
-    std::error_code error;
-    const fs::path file = fs::canonical(info.dli_fname, error);
-    return error ? fs::path() : file.parent_path();
+fs::path libraryFolder() noexcept {
+    try {
+        Dl_info info{};
+        if (dladdr(reinterpret_cast<void*>(&componentFolder), &info) == 0 || !info.dli_fname)
+            return {};
+        return fs::canonical(info.dli_fname).parent_path();
+    } catch (...) {
+        return {};
+    }
 }
+
+/// From the time of loading: a relative name leads nowhere once the host changes its folder.
+const fs::path folderAtLoad = libraryFolder();
 
 fs::path dataHome() {
     // A relative path in this variable is to be ignored, as its convention says.
@@ -33,8 +39,8 @@ fs::path dataHome() {
 }  // namespace
 
 std::string componentFolder(Files& files) {
-    const fs::path own = libraryFolder();
-    if (!own.empty() && access(own.c_str(), W_OK) == 0) return own.string();
+    if (!folderAtLoad.empty() && access(folderAtLoad.c_str(), W_OK) == 0)
+        return folderAtLoad.string();
 
     const fs::path home = dataHome();
     std::error_code error;
