@@ -2,14 +2,17 @@
 
 #include <condition_variable>
 #include <exception>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <system_error>
 #include <thread>
+#include <wx/evtloop.h>
 #include <wx/progdlg.h>
 #include <wx/utils.h>
 
 #include "platform/message.h"
+#include "platform/wx/nativeToolkit.h"
 
 namespace tavisk {
 namespace {
@@ -59,6 +62,9 @@ private:
 void showProgress(wxWindow* parent, const char* what, Worker& worker) {
     constexpr std::chrono::milliseconds beat{100};
     constexpr int open = 100;  // never reached: nobody knows how long it takes
+    // The dialog waits until nothing is pending, which its own loop might do for ever.
+    const std::unique_ptr<wxGUIEventLoop> loop = newNestedLoop();
+    const wxEventLoopActivator active(loop.get());
     wxProgressDialog dialog(defaultTitle, what, open, parent, wxPD_APP_MODAL);
     while (!worker.waitFor(beat))
         dialog.Pulse();

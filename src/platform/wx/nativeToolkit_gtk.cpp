@@ -1,7 +1,9 @@
 #include <dlfcn.h>
 #include <gtk/gtk.h>
 #include <link.h>
+#include <mutex>
 #include <string_view>
+#include <utility>
 #include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/strconv.h>
@@ -22,6 +24,9 @@ bool processHasOtherGtk() {
     };
     return dl_iterate_phdr(isOther, nullptr) != 0;
 }
+
+/// A host may have an event source that is ready for ever; whatever waits for quiet has an end.
+constexpr int mostEventsOfOnePass = 100;
 
 /// Ends of loops that wxWidgets ran inside the innermost one of ours. It ends ours with them.
 int innerLoopsEnded = 0;
@@ -50,6 +55,32 @@ public:
         ++innerLoopsEnded;
         wxApp::OnEventLoopExit(loop);
     }
+
+    /// The toolkit's own has the lowest priority of all: a host that is never idle would keep its
+    /// pending events for ever.
+    void WakeUpIdle() override {
+        const std::lock_guard lock(idleMutex_);
+        if (idleSource_ == 0) idleSource_ = g_idle_add(idle, this);
+    }
+
+private:
+    static gboolean idle(gpointer data) {
+        auto* const app = static_cast<ComponentApp*>(data);
+        guint self = 0;
+        {
+            // A loop inside may need another source.
+            const std::lock_guard lock(app->idleMutex_);
+            self = std::exchange(app->idleSource_, 0);
+        }
+        const bool more = app->DoIdle();
+        const std::lock_guard lock(app->idleMutex_);
+        if (!more || app->idleSource_ != 0) return G_SOURCE_REMOVE;
+        app->idleSource_ = self;
+        return G_SOURCE_CONTINUE;
+    }
+
+    std::mutex idleMutex_;
+    guint idleSource_ = 0;
 };
 
 /// A loop inside gtk_main. The toolkit's own would end the enclosing gtk_main as well, which is
@@ -67,8 +98,18 @@ protected:
         OnExit();
         return 0;
     }
+    void DoYieldFor(long categories) override {
+        eventsOfThisPass_ = 0;
+        wxGUIEventLoop::DoYieldFor(categories);
+    }
+
+public:
+    bool Pending() const override {
+        return eventsOfThisPass_++ < mostEventsOfOnePass && wxGUIEventLoop::Pending();
+    }
 
 private:
+    mutable int eventsOfThisPass_ = 0;
     bool isInsideOwn_ = wxEventLoopBase::GetActive() != nullptr;
 };
 
@@ -80,7 +121,8 @@ void startNativeToolkit() {
         raise(ErrorNumber::cannotLoadObject);
     g_main_context_release(nullptr);
     // The host has chosen its locale; a GTK that is running already would complain.
-    if (!gdk_display_get_default()) gtk_disable_setlocale();
+    static bool localeIsTheHosts = gdk_display_get_default() != nullptr;
+    if (!std::exchange(localeIsTheHosts, true)) gtk_disable_setlocale();
     if (!gtk_init_check(nullptr, nullptr)) raise(ErrorNumber::cannotLoadObject);
 }
 
@@ -91,9 +133,7 @@ void setModal(wxTopLevelWindow& frame, bool modal) {
 }
 
 void dispatchPendingOnce() {
-    // A host's idle source may be ready for ever, so a pass has an end.
-    constexpr int most = 100;
-    for (int i = 0; i < most && g_main_context_iteration(nullptr, FALSE); ++i) {
+    for (int i = 0; i < mostEventsOfOnePass && g_main_context_iteration(nullptr, FALSE); ++i) {
     }
 }
 
