@@ -1,6 +1,7 @@
 // How the editor window looks: nothing cut off at its smallest, long texts, colours, themes.
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <gtk/gtk.h>
 #include <wx/button.h>
@@ -185,7 +186,7 @@ TEST_F(EditorLookTest, KeyIsGivenAToolTipWhenTheWindowGetsTooSmallForIt) {
     setFieldText(*controls.lblCurrentField, key);
     EXPECT_EQ(controls.lblCurrentField->GetToolTipText(), "");
     editor.resize(1024, 700);
-    EXPECT_EQ(controls.lblCurrentField->GetToolTipText(), key);
+    EXPECT_TRUE(test::pumpUntil([&] { return controls.lblCurrentField->GetToolTipText() == key; }));
 }
 
 TEST_F(EditorLookTest, AmpersandsOfAKeyAreShown) {
@@ -347,6 +348,7 @@ wxColour inkOf(const wxToolBar& toolbar) {
 }
 
 TEST_F(EditorLookTest, IconsFollowTheThemeWhileTheWindowIsOpen) {
+    if (std::getenv("GTK_THEME")) GTEST_SKIP() << "the theme is fixed for this process";
     editor.show();
     EXPECT_LT(inkOf(*controls.toolNodes).GetLuminance(), 0.4);
     const ThemeName dark("Adwaita-dark");

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <vector>
+#include <wx/button.h>
 #include <wx/frame.h>
 #include <wx/statbox.h>
 
@@ -32,8 +33,10 @@ struct EditorFrame {
     }
     /// With the frame that the desktop draws around it.
     void resize(int width, int height) {
+        const wxWindow& inner = *controls.cmdOK->GetParent();
+        const wxSize size = inner.GetSize() + wxSize(width, height) - frame->GetSize();
         frame->SetSize(width, height);
-        pumpUntil([&] { return frame->GetSize() == wxSize(width, height); });
+        pumpUntil([&] { return inner.GetSize() == size; });
         pumpPending();
     }
 
