@@ -7,11 +7,11 @@ SOURCES = find src tests bench -name '*.h' -o -name '*.cpp'
 .NOTPARALLEL:
 .PHONY: build run test debug sanitize bench fuzz format check-format tidy screenshots clean help
 
-build: setup-build build/build.ninja ## the optimised command and library: build/tavisk, build/libtavisk_core.a
-	@cmake --build --preset release --target tavisk_command
+build: setup-build build/build.ninja ## the optimised command and component: build/tavisk, build/libtavisk.so
+	@cmake --build --preset release --target tavisk_command tavisk_component
 
-run: build ## render the example documents and show a page
-	@tools/showExamples.sh
+run: build ## open the editor on a sample document
+	@tools/openEditor.sh
 
 test: setup-test build/build.ninja ## build and run every test
 	@cmake --build --preset release
@@ -46,11 +46,9 @@ tidy: setup-style ## look for mistakes with clang-tidy
 	@cmake --preset debug > /dev/null
 	@find src -name '*.cpp' | sort | xargs -n 1 -P $(JOBS) clang-tidy -p build-debug --quiet --extra-arg=-Wno-unknown-warning-option 2> /dev/null
 
-screenshots: build ## the picture in README.md
+screenshots: build ## the pictures in docs/images
 	@tools/setup.sh show
-	@build/tavisk render $(firstword $(wildcard examples/*.xml)) --folder build/screenshot --evaluate
-	@mkdir -p docs/images
-	@/usr/bin/python3 tools/screenshot.py build/screenshot/temp.html docs/images/page.png
+	@tools/screenshots.sh
 
 clean: ## remove every build folder
 	rm -rf build build-*

@@ -2,34 +2,57 @@
 # Installs the Debian packages that are missing for the named groups of tasks; says nothing when
 # there is nothing to do.
 #
-#     tools/setup.sh GROUP...        groups: build test show bench fuzz style
+#     tools/setup.sh GROUP...        groups: build display show test bench fuzz style
 set -euo pipefail
 
 packages() {
     case $1 in
         build)
-            echo make             # the short commands
-            echo cmake            # reads CMakeLists.txt
-            echo ninja-build      # runs the compiler
-            echo g++              # compiles
-            echo libxml2-dev      # parses documents
-            echo libgtest-dev     # tests are configured together with the program
+            echo make                   # the short commands
+            echo cmake                  # reads CMakeLists.txt
+            echo ninja-build            # runs the compiler
+            echo g++                    # compiles
+            echo pkg-config             # tells where the libraries are
+            echo libxml2-dev            # parses documents
+            echo libwxgtk3.2-dev        # the windows
+            echo libwxgtk-webview3.2-dev # the preview's browser
+            echo libgtk-3-dev           # what the windows ask of the desktop directly
+            echo libwebkit2gtk-4.0-dev  # what the preview asks of its browser directly
+            echo libgtest-dev           # tests are configured together with the program
+            ;;
+        display)
+            echo xvfb                   # a display that nobody sees
+            echo xauth                  # its key
+            echo openbox                # without a window manager no window gets the focus
+            echo x11-utils              # tells when the window manager is there
+            echo dbus                   # the message bus
+            echo at-spi2-core           # the bus of screen readers
+            echo libatk-adaptor         # the toolkit's way to it
+            echo adwaita-icon-theme     # pictures of boxes and lists
+            echo gnome-themes-extra     # the dark theme
+            echo fonts-dejavu-core      # letters for the windows
             ;;
         show)
-            echo chromium         # shows a page without a display
-            echo chromium-driver  # is asked for the screenshot
-            echo python3          # runs the tool that asks
-            echo python3-selenium # speaks to the driver
-            echo fonts-liberation # letters for the page
+            packages display
+            echo chromium               # shows a page without a window
+            echo chromium-driver        # is asked for the screenshot
+            echo python3                # runs the tools that ask
+            echo python3-selenium       # speaks to the driver
+            echo python3-gi             # speaks to the bus of screen readers
+            echo gir1.2-atspi-2.0       # what is spoken there
+            echo xdotool                # keyboard and mouse
+            echo imagemagick            # screenshots of windows
+            echo fonts-liberation       # letters for the page
             ;;
         test)
             packages build
             packages show
-            echo python3-pil      # draws the pictures of the examples
-            echo poppler-utils    # reads printed pages
+            echo python3-pil            # draws the pictures of the examples
+            echo poppler-utils          # reads printed pages
             ;;
         bench)
             packages build
+            packages display
             echo libbenchmark-dev # measures single procedures
             echo libxml2-utils    # xmllint, the yardstick
             echo python3          # makes the documents and the table
