@@ -16,7 +16,7 @@ using test::expectInStep;
 
 constexpr const char* mismatch = "Type mismatch";
 
-const std::vector<wxStaticBox*> frames(const EditorControls& controls) {
+std::vector<wxStaticBox*> frames(const EditorControls& controls) {
     return {controls.fraFormatting, controls.fraTitle, controls.fraValue, controls.fraEditor,
             controls.fraGaps};
 }
