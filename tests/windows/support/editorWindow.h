@@ -70,6 +70,14 @@ public:
     /// The toolbar button with this tool tip.
     void tool(std::string_view toolTip) { send(*window, wxEVT_MENU, toolId(tipped(toolTip))); }
 
+    /// As users can: not while it is disabled.
+    void menuIfEnabled(std::string_view name) {
+        if (window->GetMenuBar()->IsEnabled(menuId(named(name)))) menu(name);
+    }
+    void toolIfEnabled(std::string_view toolTip) {
+        if (controls().toolNodes->GetToolEnabled(toolId(tipped(toolTip)))) tool(toolTip);
+    }
+
     /// Clicks the row that a key leads to.
     void select(std::string_view key) {
         controls().TreeXML->choose(core.row(key));
