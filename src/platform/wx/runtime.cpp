@@ -39,10 +39,10 @@ public:
     ~PutOffRequests() override { wxEvtHandler::RemoveFilter(this); }
 
     int FilterEvent(wxEvent& event) override {
+        // Other controls have a value, which has to be in step with its event; they open no
+        // windows.
         const wxEventType type = event.GetEventType();
-        if (type != wxEVT_BUTTON && type != wxEVT_CHECKBOX && type != wxEVT_CHOICE &&
-            type != wxEVT_MENU)
-            return Event_Skip;
+        if (type != wxEVT_BUTTON && type != wxEVT_MENU) return Event_Skip;
         wxWindow* const window = windowOf(event);
         if (wxGetTopLevelParent(window) != &frame_ || !isInsideAccessibilityRequest())
             return Event_Skip;
