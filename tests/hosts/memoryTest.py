@@ -1,0 +1,31 @@
+#!/usr/bin/python3
+"""Fifty edits in one host: what they cost is given back. In a build with sanitizers the host is also
+asked at its end whether anything was lost; toolkit.supp lists what the toolkit loses."""
+
+import sys
+import unittest
+
+from hostCase import SANITIZED, HostTest
+
+EDITS = 52
+# Caches of the toolkit grow by leaps; what one edit holds (a tree, a window) is several times this.
+BYTES_PER_EDIT = 4000
+WITH_PICTURE = ('<cabinetinfo><cabinet><Front value="old `code`"/><Back/></cabinet>'
+                '<image name="generated_cabinet_picture" extension="png">AAAA</image></cabinetinfo>')
+
+
+class Memory(HostTest):
+    def test_fifty_edits_leave_nothing_behind(self):
+        host = self.start("loopHost", "glib")
+        early, late = map(int, host.ask("many", self.document(WITH_PICTURE), EDITS).split())
+        growth = (late - early) / (EDITS - EDITS // 4)
+        print(f"{growth:.0f} bytes per edit", file=sys.stderr)
+        self.assertLess(growth, BYTES_PER_EDIT)
+
+    def test_leaks_are_found(self):
+        if not SANITIZED:
+            self.skipTest("needs the address sanitizer")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=2)
