@@ -47,8 +47,7 @@ struct EditorKeysTest : testing::Test {
         wxWindow* found = nullptr;
         for (wxWindow* window : editor.below(*editor.frame)) {
             GtkWidget* const widget = window->GetHandle();
-            if (focus && (focus == widget || gtk_widget_is_ancestor(focus, widget)))
-                found = window;
+            if (focus && (focus == widget || gtk_widget_is_ancestor(focus, widget))) found = window;
         }
         return found;
     }
