@@ -58,9 +58,11 @@ private:
 std::string shownText(const wxWebView& browser);
 /// The colour of one point of what is visible, 0xRRGGBB, with the focus and the pointer left out.
 std::uint32_t shownColour(const wxWebView& browser, int x, int y);
+/// A click with the real pointer; returns when the browser has got it.
+void clickAt(const wxWebView& browser, const wxPoint& place, int button);
 /// The entries of the menu that a right click asks for, each with a blank behind it: "copy",
 /// "copyLink", "copyImage", "all", and "?" for any other. The menu itself does not open.
-std::string menuAt(const frmPreview& window, const wxPoint& place);
+std::string menuAt(const wxWebView& browser, const wxPoint& place);
 /// As a window manager closes a window.
 void closeFromOutside(const wxWindow& window);
 /// Where files can be dropped.
@@ -92,11 +94,10 @@ public:
     void openBody(std::string_view html) {
         open(pages.write("temp.html", "<html><body>" + std::string(html) + "</body></html>"));
     }
-    /// By a real pointer.
+    /// By a real pointer; returns when the page has handled it.
     void click(int x, int y, int button = wxMOUSE_BTN_LEFT) {
-        wxUIActionSimulator pointer;
-        pointer.MouseMove(browser().ClientToScreen(wxPoint(x, y)));
-        pointer.MouseClick(button);
+        clickAt(browser(), wxPoint(x, y), button);
+        shownColour(browser(), x, y);
     }
     /// By real keys, which arrive in their time.
     void press(int key, int modifiers = wxMOD_NONE) { wxUIActionSimulator().Char(key, modifiers); }

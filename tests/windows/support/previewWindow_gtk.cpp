@@ -139,7 +139,33 @@ std::uint32_t shownColour(const wxWebView& browser, int x, int y) {
     return colour;
 }
 
-std::string menuAt(const frmPreview& window, const wxPoint& place) {
+void clickAt(const wxWebView& browser, const wxPoint& place, int button) {
+    // One after the other, as a hand does it: a browser that gets them all at once may take the
+    // next movement for the start of a drag.
+    struct Got {
+        bool motion = false;
+        bool release = false;
+    } got;
+    const auto note = [](WebKitWebView*, GdkEvent* event, Got* to) -> gboolean {
+        to->motion |= event->type == GDK_MOTION_NOTIFY || event->type == GDK_ENTER_NOTIFY;
+        to->release |= event->type == GDK_BUTTON_RELEASE;
+        return FALSE;
+    };
+    const gulong id = g_signal_connect(
+        viewOf(browser), "event",
+        G_CALLBACK(static_cast<gboolean (*)(WebKitWebView*, GdkEvent*, Got*)>(note)), &got);
+    wxUIActionSimulator pointer;
+    // From elsewhere, so that there is a movement.
+    pointer.MouseMove(browser.ClientToScreen(place + wxPoint(5, 5)));
+    pointer.MouseMove(browser.ClientToScreen(place));
+    const bool moved = pumpUntil([&] { return got.motion; });
+    pointer.MouseClick(button);
+    const bool clicked = pumpUntil([&] { return got.release; });
+    g_signal_handler_disconnect(viewOf(browser), id);
+    if (!moved || !clicked) throw std::runtime_error("the browser gets no click");
+}
+
+std::string menuAt(const wxWebView& browser, const wxPoint& place) {
     struct Menu {
         bool came = false;
         std::string entries;
@@ -153,11 +179,9 @@ std::string menuAt(const frmPreview& window, const wxPoint& place) {
         to->came = true;
         return TRUE;
     };
-    WebKitWebView* const view = viewOf(*window.browserPreview);
+    WebKitWebView* const view = viewOf(browser);
     const gulong id = g_signal_connect(view, "context-menu", G_CALLBACK(opening), &menu);
-    wxUIActionSimulator pointer;
-    pointer.MouseMove(window.browserPreview->ClientToScreen(place));
-    pointer.MouseClick(wxMOUSE_BTN_RIGHT);
+    clickAt(browser, place, wxMOUSE_BTN_RIGHT);
     pumpUntil([&] { return menu.came; });
     g_signal_handler_disconnect(view, id);
     return menu.entries;
