@@ -49,6 +49,7 @@ packages() {
             packages show
             echo python3-pil            # draws the pictures of the examples
             echo poppler-utils          # reads printed pages
+            echo locales                # a host with another way to write numbers
             ;;
         bench)
             packages build
