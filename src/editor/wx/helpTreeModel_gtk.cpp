@@ -1,20 +1,24 @@
 #include "editor/wx/helpTreeModel_gtk.h"
 
-#include "editor/wx/helpTreeRows.h"
-
 namespace tavisk {
 namespace {
 
 struct HelpTreeModel {
     GObject base;
     dom::Node* const* top;
+    // GTK asks for the place of every row that it paints, and for rows near each other. On a level
+    // of thousands, counting from its start each time would make painting slow.
+    dom::Node* known;
+    gint knownIndex;
 };
 
 // Iterators are nodes; they need no number that tells models apart.
 constexpr gint stamp = 1;
 
+HelpTreeModel& modelOf(GtkTreeModel* model) { return *reinterpret_cast<HelpTreeModel*>(model); }
+
 dom::Node* topOf(GtkTreeModel* model) {
-    dom::Node* const* const top = reinterpret_cast<HelpTreeModel*>(model)->top;
+    dom::Node* const* const top = modelOf(model).top;
     return top ? *top : nullptr;
 }
 
@@ -24,11 +28,51 @@ gboolean pointAt(GtkTreeIter* iterator, dom::Node* node) {
     return node != nullptr;
 }
 
-dom::Node* childAt(dom::Node* parent, gint index) {
-    dom::Node* child = parent && index >= 0 ? parent->firstChild() : nullptr;
-    while (child && index-- > 0)
+/// Only what took a while: the short levels above a long one would replace it.
+void remember(HelpTreeModel& model, dom::Node& node, gint index, gint steps) {
+    constexpr gint few = 32;
+    if (steps <= few) return;
+    model.known = &node;
+    model.knownIndex = index;
+}
+
+/// Searches in both directions, for the known row and for the start of the level.
+gint indexOf(HelpTreeModel& model, dom::Node& node) {
+    gint steps = 0;
+    const dom::Node* before = &node;
+    const dom::Node* after = &node;
+    while (before != model.known && after != model.known && before->previous()) {
+        ++steps;
+        before = before->previous();
+        if (after->next()) after = after->next();
+    }
+    const gint index = before == model.known  ? model.knownIndex + steps
+                       : after == model.known ? model.knownIndex - steps
+                                              : steps;
+    remember(model, node, index, steps);
+    return index;
+}
+
+dom::Node* childAt(HelpTreeModel& model, dom::Node* parent, gint index) {
+    if (!parent || index < 0) return nullptr;
+    dom::Node* child = parent->firstChild();
+    gint at = 0;
+    if (model.known && model.known->parent() == parent && model.knownIndex / 2 < index) {
+        child = model.known;
+        at = model.knownIndex;
+    }
+    const gint steps = index > at ? index - at : at - index;
+    for (; child && at < index; ++at)
         child = child->next();
+    for (; child && at > index; --at)
+        child = child->previous();
+    if (child) remember(model, *child, index, steps);
     return child;
+}
+
+dom::Node* firstChildOf(const GtkTreeIter& iterator) {
+    const dom::Node* const node = nodeAt(iterator);
+    return node ? node->firstChild() : nullptr;
 }
 
 GtkTreeModelFlags get_flags(GtkTreeModel*) { return GTK_TREE_MODEL_ITERS_PERSIST; }
@@ -42,7 +86,7 @@ gboolean get_iter(GtkTreeModel* model, GtkTreeIter* iterator, GtkTreePath* path)
     const gint* const indices = gtk_tree_path_get_indices(path);
     dom::Node* node = depth > 0 && indices[0] == 0 ? topOf(model) : nullptr;
     for (gint level = 1; level < depth; ++level)
-        node = childAt(node, indices[level]);
+        node = childAt(modelOf(model), node, indices[level]);
     return pointAt(iterator, node);
 }
 
@@ -50,9 +94,9 @@ gboolean get_iter(GtkTreeModel* model, GtkTreeIter* iterator, GtkTreePath* path)
 GtkTreePath* get_path(GtkTreeModel* model, GtkTreeIter* iterator) {
     const dom::Node* const top = topOf(model);
     GtkTreePath* path = gtk_tree_path_new();
-    const dom::Node* node = nodeAt(*iterator);
+    dom::Node* node = nodeAt(*iterator);
     for (; node && node != top; node = node->parent())
-        gtk_tree_path_prepend_index(path, static_cast<gint>(indexAmongSiblings(*node)));
+        gtk_tree_path_prepend_index(path, indexOf(modelOf(model), *node));
     if (node) {
         gtk_tree_path_prepend_index(path, 0);
     } else {
@@ -77,11 +121,11 @@ gboolean iter_next(GtkTreeModel* model, GtkTreeIter* iterator) {
 }
 
 gboolean iter_children(GtkTreeModel* model, GtkTreeIter* iterator, GtkTreeIter* parent) {
-    return pointAt(iterator, parent ? childAt(nodeAt(*parent), 0) : topOf(model));
+    return pointAt(iterator, parent ? firstChildOf(*parent) : topOf(model));
 }
 
 gboolean iter_has_child(GtkTreeModel*, GtkTreeIter* iterator) {
-    return childAt(nodeAt(*iterator), 0) != nullptr;
+    return firstChildOf(*iterator) != nullptr;
 }
 
 gint iter_n_children(GtkTreeModel* model, GtkTreeIter* iterator) {
@@ -92,7 +136,7 @@ gint iter_n_children(GtkTreeModel* model, GtkTreeIter* iterator) {
 
 gboolean iter_nth_child(GtkTreeModel* model, GtkTreeIter* iterator, GtkTreeIter* parent, gint n) {
     if (!parent) return pointAt(iterator, n == 0 ? topOf(model) : nullptr);
-    return pointAt(iterator, childAt(nodeAt(*parent), n));
+    return pointAt(iterator, childAt(modelOf(model), nodeAt(*parent), n));
 }
 
 gboolean iter_parent(GtkTreeModel* model, GtkTreeIter* iterator, GtkTreeIter* child) {
@@ -136,8 +180,11 @@ GtkTreeModel* newHelpTreeModel(dom::Node* const& top) {
 }
 
 void clearHelpTreeModel(GtkTreeModel* model) noexcept {
-    reinterpret_cast<HelpTreeModel*>(model)->top = nullptr;
+    modelOf(model).top = nullptr;
+    forgetPlaces(model);
 }
+
+void forgetPlaces(GtkTreeModel* model) noexcept { modelOf(model).known = nullptr; }
 
 GtkTreeIter iteratorAt(dom::Node& node) noexcept {
     GtkTreeIter iterator{};

@@ -16,6 +16,9 @@ GtkTreeModel* newHelpTreeModel(dom::Node* const& top);
 /// No rows from now on: what `top` refers to may go.
 void clearHelpTreeModel(GtkTreeModel* model) noexcept;
 
+/// The model remembers the place of the row that it was asked about last, for its neighbours.
+void forgetPlaces(GtkTreeModel* model) noexcept;
+
 GtkTreeIter iteratorAt(dom::Node& node) noexcept;
 dom::Node* nodeAt(const GtkTreeIter& iterator) noexcept;
 
