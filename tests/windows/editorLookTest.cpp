@@ -276,6 +276,40 @@ TEST_F(EditorLookTest, StyleBoxesAreDrawnInTheStyleThatTheySet) {
     }
 }
 
+/// Letters of one and a half times the usual size, for windows opened from now on.
+struct LargeLetters {
+    LargeLetters() {
+        g_object_get(settings, "gtk-xft-dpi", &before, nullptr);
+        g_object_set(settings, "gtk-xft-dpi", 144 * 1024, nullptr);
+    }
+    LargeLetters(const LargeLetters&) = delete;
+    LargeLetters& operator=(const LargeLetters&) = delete;
+    ~LargeLetters() { g_object_set(settings, "gtk-xft-dpi", before, nullptr); }
+
+    GtkSettings* settings = gtk_settings_get_default();
+    int before = 0;
+};
+
+struct EditorLargeLettersTest : LargeLetters, EditorLookTest {};
+
+TEST_F(EditorLargeLettersTest, WindowOpensAsLargeAsTheyNeed) {
+    editor.show();
+    if (wxDisplay(editor.frame).GetClientArea().width < 1600) GTEST_SKIP() << "a small screen";
+    EXPECT_GE(controls.Label3->GetCharHeight(), 24);
+    EXPECT_GT(editor.frame->GetSize().x, 1200);
+    EXPECT_EQ(cutOff(), "");
+    EXPECT_EQ(outside(), "");
+    EXPECT_FALSE(scrolls());
+}
+
+TEST_F(EditorLargeLettersTest, SmallWindowScrolls) {
+    editor.show();
+    editor.resize(1024, 700);
+    EXPECT_EQ(cutOff(), "");
+    EXPECT_EQ(outside(), "");
+    EXPECT_TRUE(scrolls());
+}
+
 /// Contrast of two colours as the eye sees it, from 1 to 21.
 double contrast(const wxColour& one, const wxColour& other) {
     const auto brightness = [](const wxColour& colour) {

@@ -18,8 +18,9 @@ namespace {
 const wxSize leastSize(1012, 660);
 const wxSize roomForFrame(12, 50);
 const wxSize usualSize(1200, 860);
-constexpr int leastTreeWidth = 160;
-constexpr int usualTreeWidth = 220;
+/// In letters.
+constexpr int leastTreeWidth = 20;
+constexpr int usualTreeWidth = 28;
 constexpr double treeShare = 0.3;  ///< of what the window grows by
 
 wxSizer* buildButtons(wxWindow* parent, EditorControls& controls) {
@@ -66,19 +67,32 @@ wxWindow* buildDetails(wxWindow* parent, EditorControls& controls) {
     return details;
 }
 
-/// As large as is usual, but not larger than the screen.
-void setSizes(wxFrame& frame) {
-    wxSize size = usualSize;
+/// In the middle of the screen and not larger than it.
+void setSize(wxFrame& frame, wxSize size) {
     const int display = wxDisplay::GetFromWindow(&frame);
-    size.DecTo(wxDisplay(display == wxNOT_FOUND ? 0U : static_cast<unsigned>(display))
-                   .GetClientArea()
-                   .GetSize() -
-               roomForFrame);
+    const wxDisplay screen(display == wxNOT_FOUND ? 0U : static_cast<unsigned>(display));
+    size.DecTo(screen.GetClientArea().GetSize() - roomForFrame);
     size.IncTo(leastSize);
-    frame.SetMinSize(leastSize);
     frame.SetSize(size);
     frame.CentreOnScreen();
-    placeByRealSize(frame);
+}
+
+/// The window grows where letters are larger than usual, and the tree gets what is left.
+void splitInto(wxSplitterWindow& split, wxWindow* tree, wxWindow* details) {
+    const int letter = split.GetCharWidth();
+    const wxSize least = details->GetSizer()->GetMinSize() + wxSize(split.GetSashSize(), 0);
+    wxSize missing = least + wxSize(usualTreeWidth * letter, 0) - split.GetSize();
+    missing.IncTo(wxSize(0, 0));
+    auto& frame = *static_cast<wxFrame*>(wxGetTopLevelParent(&split));
+    setSize(frame, frame.GetSize() + missing);
+    frame.Layout();
+    split.GetParent()->Layout();
+
+    split.SetMinimumPaneSize(leastTreeWidth * letter);
+    split.SetSashGravity(treeShare);
+    split.SplitVertically(
+        tree, details,
+        std::clamp(split.GetSize().x - least.x, leastTreeWidth * letter, usualTreeWidth * letter));
 }
 
 }  // namespace
@@ -87,7 +101,9 @@ EditorControls buildEditor(wxFrame& frame) {
     frame.SetName("frmMain");
     frame.SetTitle("Library Help XML Editor");
     // Before there is anything in it: laid out in a tiny window, controls have no room at all.
-    setSizes(frame);
+    frame.SetMinSize(leastSize);
+    setSize(frame, usualSize);
+    placeByRealSize(frame);
     EditorControls controls;
     buildMenus(frame, controls);
     buildToolbar(frame, controls);
@@ -104,20 +120,13 @@ EditorControls buildEditor(wxFrame& frame) {
                wxSizerFlags().Expand().Border(wxALL & ~wxTOP, groupSpacing));
     root->SetSizer(sizer);
 
-    // The tree's share is of what the splitter grows by, so it is split at its real size.
     frame.Layout();
     root->Layout();
-    split->SetMinimumPaneSize(leastTreeWidth);
-    split->SetSashGravity(treeShare);
-    const int room =
-        split->GetSize().x - split->GetSashSize() - details->GetSizer()->GetMinSize().x;
-    split->SplitVertically(controls.TreeXML, details,
-                           std::clamp(room, leastTreeWidth, usualTreeWidth));
+    splitInto(*split, controls.TreeXML, details);
 
     describeControls(frame);
     controls.cmdOK->SetDefault();
     setCancelButton(frame, *controls.cmdCancel);
-
     return controls;
 }
 
