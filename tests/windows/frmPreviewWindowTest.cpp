@@ -115,6 +115,16 @@ TEST(FrmPreviewWindow, EscapeClosesItFromInsideAField) {
     EXPECT_TRUE(pumpUntil([&] { return !preview.window->IsShown(); }));
 }
 
+TEST(FrmPreviewWindow, EscapeClosesItWhileThePageIsBusy) {
+    PreviewWindow preview;
+    preview.openBody("page");
+    const int busy = pageProcesses().front();
+    kill(busy, SIGSTOP);
+    preview.press(WXK_ESCAPE);
+    EXPECT_TRUE(pumpUntil([&] { return !preview.window->IsShown(); }));
+    kill(busy, SIGCONT);
+}
+
 TEST(FrmPreviewWindow, KeysZoom) {
     PreviewWindow preview;
     preview.openBody("page");
@@ -126,6 +136,8 @@ TEST(FrmPreviewWindow, KeysZoom) {
     EXPECT_TRUE(pumpUntil([&] { return preview.browser().GetZoomFactor() < 0.95F; }));
     preview.press(WXK_NUMPAD_ADD, wxMOD_CONTROL);
     EXPECT_TRUE(pumpUntil([&] { return preview.browser().GetZoomFactor() > 0.95F; }));
+    preview.press('=', wxMOD_CONTROL | wxMOD_SHIFT);  // the plus of many keyboards
+    EXPECT_TRUE(pumpUntil([&] { return preview.browser().GetZoomFactor() > 1.05F; }));
 }
 
 TEST(FrmPreviewWindow, ReturnsWhenTheWindowManagerClosesIt) {
