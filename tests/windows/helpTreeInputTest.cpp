@@ -1,4 +1,6 @@
 // Selecting with the mouse and the keyboard.
+#include <wx/menu.h>
+
 #include "windows/support/treeWindow.h"
 
 namespace tavisk {
@@ -126,10 +128,54 @@ TEST(HelpTreeInput, EnterOpensAndClosesARow) {
 }
 
 TEST(HelpTreeInput, TypingANameSelectsIt) {
-    TreeWindow window("<one/><two/><three/><four/>");
+    TreeWindow window("<one/><two/><three/><Four_more/>");
     window.user.Text("thr");
     EXPECT_TRUE(window.waitForSelection("cabinet=>three"));
     EXPECT_EQ(window.core.selectedKey(), "cabinet=>three");
+}
+
+TEST(HelpTreeInput, TypingLooksForNamesAsShownInAnyLetterCase) {
+    TreeWindow window("<one/><four/><Four_more/>");
+    window.user.Text("four m");
+    EXPECT_TRUE(window.waitForSelection("cabinet=>Four more"));
+}
+
+TEST(HelpTreeInput, OneLetterAgainAndAgainGoesThroughItsNames) {
+    TreeWindow window("<one/><two/><three/>");
+    window.user.Text("t");
+    EXPECT_TRUE(window.waitForSelection("cabinet=>two"));
+    window.user.Text("t");
+    EXPECT_TRUE(window.waitForSelection("cabinet=>three"));
+    window.user.Text("t");
+    EXPECT_TRUE(window.waitForSelection("cabinet=>two"));
+}
+
+TEST(HelpTreeInput, TypingFindsNoRowThatIsHidden) {
+    TreeWindow window("<one/><two><three/></two>");
+    window.user.Text("th");
+    EXPECT_TRUE(window.waitForSelection("cabinet=>two"));
+    test::pumpPending();
+    EXPECT_EQ(window.selectedKey(), "cabinet=>two");
+}
+
+TEST(HelpTreeInput, KeysOfTheMenuWorkWhileANameIsTyped) {
+    TreeWindow window("<one/><two/><three/>");
+    auto* const menu = new wxMenu;
+    constexpr int rename = 1001;
+    constexpr int remove = 1002;
+    menu->Append(rename, "&Rename\tF2");
+    menu->Append(remove, "&Delete\tDel");
+    auto* const bar = new wxMenuBar;
+    bar->Append(menu, "&Nodes");
+    window.frame->SetMenuBar(bar);
+    int chosen = 0;
+    window.frame->Bind(wxEVT_MENU, [&](wxCommandEvent& event) { chosen = event.GetId(); });
+    window.user.Text("th");
+    EXPECT_TRUE(window.waitForSelection("cabinet=>three"));
+    window.press(WXK_F2);
+    EXPECT_TRUE(test::pumpUntil([&] { return chosen == rename; }));
+    window.press(WXK_DELETE);
+    EXPECT_TRUE(test::pumpUntil([&] { return chosen == remove; }));
 }
 
 TEST(HelpTreeInput, AnErrorInTheHandlerLeavesTheClickedRowSelected) {

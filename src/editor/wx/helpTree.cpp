@@ -1,6 +1,10 @@
 #include "editor/wx/helpTree.h"
 
+#include <algorithm>
+
+#include "document/helpNames.h"
 #include "editor/helpSession.h"
+#include "platform/wx/strings.h"
 
 namespace tavisk {
 namespace {
@@ -11,6 +15,7 @@ wxDataViewItem itemOf(dom::Node& row) { return wxDataViewItem(&row); }
 
 HelpTree::HelpTree(wxWindow* parent) : HelpTreeRows(parent) {
     Bind(wxEVT_KEY_DOWN, &HelpTree::onKey, this);
+    Bind(wxEVT_CHAR, &HelpTree::onChar, this);
 }
 
 HelpTree::~HelpTree() { detach(); }
@@ -132,6 +137,44 @@ void HelpTree::onKey(wxKeyEvent& event) {
     } else if (right) {
         Expand(itemOf(*row));
     }
+}
+
+/// Typing the begin of a name selects the row. There is no box for what is typed: one would take
+/// the keys of the menu, and the next click, from the tree.
+void HelpTree::onChar(wxKeyEvent& event) {
+    constexpr long pause = 1000;
+    if (event.GetTimestamp() - lastTyped_ > pause) typed_.clear();
+    const wxChar typed = event.GetUnicodeKey();
+    const bool isPart = typed_.empty() ? wxIsalnum(typed) : wxIsprint(typed);
+    dom::Node* const row = selected();
+    if (!row || event.HasModifiers() || !isPart) {
+        event.Skip();
+        return;
+    }
+    typed_ += wxString(typed).Lower();
+    lastTyped_ = event.GetTimestamp();
+    const bool again = std::count(typed_.begin(), typed_.end(), typed_[0]) ==
+                       static_cast<std::ptrdiff_t>(typed_.length());
+    dom::Node* found = findName(typed_.length() == 1 ? below(*row) : *row, typed_);
+    if (!found && again) found = findName(below(*row), typed_.Left(1));
+    if (found && found != row) choose(*found);
+}
+
+dom::Node& HelpTree::below(dom::Node& row) const {
+    if (row.hasChildren() && IsExpanded(itemOf(row))) return *row.firstChild();
+    dom::Node* at = &row;
+    while (at != session_->baseXMLNode && !at->next())
+        at = at->parent();
+    return at == session_->baseXMLNode ? *at : *at->next();
+}
+
+dom::Node* HelpTree::findName(dom::Node& start, const wxString& text) const {
+    dom::Node* row = &start;
+    do {
+        if (toWx(shownName(row->baseName())).Lower().StartsWith(text)) return row;
+        row = &below(*row);
+    } while (row != &start);
+    return nullptr;
 }
 
 }  // namespace tavisk

@@ -51,8 +51,16 @@ private:
     bool followRow(const Place& before);
     void showSelection();
     void onKey(wxKeyEvent& event);
+    void onChar(wxKeyEvent& event);
+
+    /// The row below, hidden ones left out; after the last one it goes on at the top.
+    dom::Node& below(dom::Node& row) const;
+    /// The first row from `start` on whose name begins with `text`; null when there is none.
+    dom::Node* findName(dom::Node& start, const wxString& text) const;
 
     HelpSession* session_ = nullptr;
+    wxString typed_;      ///< the begin of the name that the user is typing
+    long lastTyped_ = 0;  ///< when, in milliseconds
 };
 
 }  // namespace tavisk

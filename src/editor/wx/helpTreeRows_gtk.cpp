@@ -97,6 +97,7 @@ HelpTreeRows::HelpTreeRows(wxWindow* parent)
     gtk_tree_view_set_model(view, nullptr);
     gtk_tree_view_column_set_cell_data_func(native, cell, nullptr, nullptr, nullptr);
     gtk_tree_view_column_add_attribute(native, cell, "text", 0);
+    gtk_tree_view_set_enable_search(view, FALSE);
     // Here the user cannot take the selection away.
     gtk_tree_selection_set_mode(gtk_tree_view_get_selection(view), GTK_SELECTION_BROWSE);
     native_ = std::make_unique<Native>(view, cell);
