@@ -252,6 +252,11 @@ TEST_F(EditorLookTest, LongNamesKeepTheListsInTheirPlaces) {
         editor.frame->SendSizeEvent();
         test::pumpPending();
         EXPECT_EQ(list->GetRect(), place) << editor.name(*list);
+        GList* const cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(list->GetHandle()));
+        PangoEllipsizeMode mode = PANGO_ELLIPSIZE_NONE;
+        g_object_get(cells->data, "ellipsize", &mode, nullptr);
+        EXPECT_EQ(mode, PANGO_ELLIPSIZE_MIDDLE);
+        g_list_free(cells);
     }
 }
 
