@@ -29,10 +29,20 @@ if [ -z "${TAVISK_INSIDE_DISPLAY:-}" ]; then
 fi
 
 export GDK_BACKEND=x11 NO_AT_BRIDGE=${NO_AT_BRIDGE:-0}
-openbox --sm-disable > /dev/null 2>&1 &
-manager=$!
+start_manager() {
+    openbox --sm-disable > /dev/null 2>&1 &
+    manager=$!
+}
+start_manager
 trap 'kill $manager 2> /dev/null || true' EXIT
+tries=0
 until xprop -root _NET_SUPPORTING_WM_CHECK 2> /dev/null | grep -q 'window id'; do
-    kill -0 $manager
+    kill -0 $manager 2> /dev/null && continue
+    # On a busy machine the first connections to a new display can be refused.
+    if [ $((++tries)) = 50 ]; then
+        echo "withDisplay.sh: no window manager on display $DISPLAY" >&2
+        exit 1
+    fi
+    start_manager
 done
 "$@"

@@ -75,6 +75,13 @@ class Callers(HostTest):
         window.press_button("OK")
         self.assert_edited(host, tag, saved())
 
+    def test_a_host_may_unload_the_component_and_load_it_again(self):
+        host = self.start("pythonHost.py")
+        for _ in range(2):
+            self.assert_edit_works(host)
+            self.assertEqual(host.ask("unload"), "0")
+        self.assert_edit_works(host)
+
     def test_null_pointers(self):
         host = self.start("cHost")
         self.assertEqual(host.ask("null"),

@@ -7,7 +7,8 @@
  *     preview16 FILE 0|1
  *     null - -            every function with null pointers; the numbers
  *     display NAME -      the process's display from now on; nothing without a NAME of "none"
- *     locale NAME -       the process's locale from now on, and what 1.5 looks like in it
+ *     locale NAME -       the process's locale from now on, and what 1.5 looks like in it; "now" as
+ *                         NAME changes nothing
  *     handlers - -        handlers of the host's own for two signals
  *     raise - -           both signals happen; how often the handlers have run
  *     memory - -          bytes in use
@@ -171,7 +172,7 @@ static void callOther(const char* tag, const char* command, const char* argument
         setDisplay(argument);
         answer(tag, 0, NULL);
     } else if (strcmp(command, "locale") == 0) {
-        const char* name = setlocale(LC_ALL, argument);
+        const char* name = setlocale(LC_ALL, strcmp(argument, "now") == 0 ? NULL : argument);
         printf("%s %s %.1f\n", tag, name ? name : "none", 1.5);
     } else {
         answer(tag, -1, "unknown command");

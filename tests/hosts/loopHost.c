@@ -38,6 +38,7 @@ static void openWindow(void) {
     GtkWidget* button = gtk_button_new_with_label("Host button");
     gtk_window_set_title(GTK_WINDOW(window), "Host window");
     gtk_container_add(GTK_CONTAINER(window), button);
+    gtk_window_move(GTK_WINDOW(window), 0, 0); /* where nothing covers it */
     g_signal_connect(button, "clicked", G_CALLBACK(countClick), NULL);
     gtk_widget_show_all(window);
 }
@@ -103,6 +104,12 @@ static gboolean performLater(gpointer data) {
     return G_SOURCE_REMOVE;
 }
 
+static gpointer performInThread(gpointer line) {
+    performElsewhere(line);
+    g_free(line);
+    return NULL;
+}
+
 static void performNow(const struct Line* line) {
     if (strcmp(line->command, "ticks") == 0) {
         printf("%s %ld\n", line->tag, ticks);
@@ -137,8 +144,7 @@ static gboolean readCommand(GIOChannel* input, GIOCondition condition, gpointer 
     if (!split(line)) {
         quit();
     } else if (line->threaded) {
-        /* The line belongs to the thread until the process ends. */
-        g_thread_unref(g_thread_new("caller", performElsewhere, line));
+        g_thread_unref(g_thread_new("caller", performInThread, line));
         return G_SOURCE_CONTINUE;
     } else if (isWindowCall(line->command) || strcmp(line->command, "many") == 0) {
         /* From a source of its own: this one is to be read meanwhile. */

@@ -134,6 +134,13 @@ class Toolkit(HostTest):
         self.assertEqual(host.ask("quit"), "0")
         self.assertEqual(host.process.wait(DEADLINE_SECONDS), 0)
 
+    def test_an_application_without_windows_goes_on_after_ours(self):
+        host = self.start("wxHost", "frameless")
+        self.assertEqual(host.ask("own"), self.OWN)
+        for _ in range(2):
+            self.assert_edit_works(host)
+            self.assertEqual(host.ask("own"), self.OWN)
+
     def preview(self, host):
         tag = host.send("preview", self.document(PLAIN), 1)
         host.application.window(PREVIEW).wait_for("active")

@@ -1,8 +1,9 @@
 #!/usr/bin/python3
 """A host in Python: pythonHost.py LIBRARY. Speaks as calls.h says. The component is loaded at the
 first command, but "load NAME -" loads another library first, and "folder NAME -", once the component
-is loaded, changes the current folder."""
+is loaded, changes the current folder, and "unload - -" gives the component back to the system."""
 
+import _ctypes
 import ctypes
 import os
 import sys
@@ -62,6 +63,11 @@ def main():
         component = component or Component(sys.argv[1])
         if command == "folder":
             os.chdir(file)
+            print(tag, "0", flush=True)
+            continue
+        if command == "unload":
+            _ctypes.dlclose(component.library._handle)
+            component = None
             print(tag, "0", flush=True)
             continue
         command, threaded = command.removeprefix("thread:"), command.startswith("thread:")

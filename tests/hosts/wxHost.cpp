@@ -4,9 +4,12 @@
 //     own - -     what the host's application is like: whether its log and asserts are what they
 //                 were, and how much they were told
 //     quit - -    closes the frame, which ends the application because it is the last one
+//
+// "wxHost frameless" is an application that has no window, and no reason to end.
 #include <cstring>
 #include <memory>
 #include <thread>
+#include <utility>
 #include <wx/app.h>
 #include <wx/frame.h>
 #include <wx/log.h>
@@ -34,8 +37,10 @@ public:
     bool OnInit() override {
         wxSetAssertHandler(countAssert);
         wxLog::SetActiveTarget(log_);
-        frame_ = new wxFrame(nullptr, wxID_ANY, "Host window");
-        frame_->Show();
+        if (argc == 1) {
+            frame_ = new wxFrame(nullptr, wxID_ANY, "Host window");
+            frame_->Show();
+        }
         std::thread([this] { readCommands(); }).detach();
         return true;
     }
@@ -52,8 +57,8 @@ private:
             CallAfter([this, line, more] {
                 if (more) {
                     take(*line);
-                } else if (frame_) {
-                    frame_->Close();
+                } else {
+                    quit();
                 }
             });
             if (!more || std::strcmp(line->command, "quit") == 0) return;
@@ -65,10 +70,17 @@ private:
             describe(line.tag);
         } else if (std::strcmp(line.command, "quit") == 0) {
             answer(line.tag, 0, nullptr);
-            frame_->Close();
-            frame_ = nullptr;
+            quit();
         } else {
             perform(&line);
+        }
+    }
+
+    void quit() {
+        if (frame_) {
+            std::exchange(frame_, nullptr)->Close();
+        } else {
+            ExitMainLoop();
         }
     }
 
