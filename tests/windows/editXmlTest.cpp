@@ -137,6 +137,18 @@ TEST_F(EditXml, RefreshGivesTheMarkerAndTheNextCallSelectsItsNode) {
                                "</cabinetinfo>");
 }
 
+TEST_F(EditXml, AHostsOwnWindowTakesNoInputMeanwhile) {
+    auto* const host = new wxFrame(nullptr, wxID_ANY, "host");
+    host->Show();
+    edit(simple, [host](frmMain& window) {
+        EXPECT_FALSE(host->IsEnabled());
+        clickOk(window);
+    });
+    EXPECT_TRUE(host->IsEnabled());
+    EXPECT_TRUE(host->IsShown());
+    delete host;
+}
+
 TEST_F(EditXml, ADocumentThatCannotBeParsedIsToldWithItsLine) {
     const std::string xml = "<cabinetinfo>\n<cabinet>\n</cabinetinfo>";
     dialogs.expectBox(readXml(xml).reason + "\nline 3", "Tavisk", plain);

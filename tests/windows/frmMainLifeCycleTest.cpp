@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "windows/support/editorStep.h"
+#include "windows/support/previewWindow.h"
 #include "windows/support/treeWindow.h"
 #include "windows/support/whenShown.h"
 
@@ -118,6 +119,18 @@ TEST(FrmMainLifeCycle, AnEditThatIsTakenBackIsNoChange) {
     editor.type(u"");
     editor.click(editor.controls().cmdCancel);
     EXPECT_FALSE(editor.window->IsShown());
+}
+
+TEST(FrmMainLifeCycle, AWindowManagersCloseAsks) {
+    EditorWindow editor("<a/>");
+    expectQuestion(editor, wxID_CANCEL);
+    test::closeFromOutside(*editor.window);
+    EXPECT_TRUE(test::pumpUntil([&] { return editor.dialogs.finished(); }));
+    EXPECT_TRUE(editor.window->IsShown());
+    expectQuestion(editor, wxID_NO);
+    test::closeFromOutside(*editor.window);
+    EXPECT_TRUE(test::pumpUntil([&] { return !editor.window->IsShown(); }));
+    EXPECT_EQ(editor.session().xmlText, loaded);
 }
 
 TEST(FrmMainLifeCycle, ACloseThatCannotBeStoppedAsksAndCloses) {

@@ -7,6 +7,7 @@
 #include "windows/support/drawing.h"
 #include "windows/support/editorStep.h"
 #include "windows/support/treeWindow.h"
+#include "windows/support/whenShown.h"
 
 namespace tavisk {
 namespace {
@@ -152,6 +153,17 @@ TEST(FrmMainPictures, AnAddedPictureHasOneMoreByteThanItsFile) {
               before.substr(0, before.size() - std::string("</cabinetinfo>").size()) +
                   R"(<image xmlns:dt="urn:schemas-microsoft-com:datatypes" dt:dt="bin.base64")"
                   R"( extension="gif" name="new">YWJjAA==</image></cabinetinfo>)");
+}
+
+TEST(FrmMainPictures, AnAddedPictureIsWrittenWithThatByteForThePreview) {
+    Pictures editor;
+    editor.core.files.put("/tmp/abc.gif", "abc");
+    editor.expectChoice("/tmp/abc.gif", "new")
+        .expectBox("Image added successfully", "Tavisk", plain);
+    editor.add();
+    test::WhenShown preview("frmPreview", [](wxTopLevelWindow& window) { window.Close(); });
+    editor.click(editor.controls().cmdPreview);
+    EXPECT_EQ(editor.core.files.bytesOf("/app/temp_images/new.gif"), std::string("abc\0", 4));
 }
 
 TEST(FrmMainPictures, AnAddedPictureIsChosenAndShown) {
