@@ -93,32 +93,33 @@ int refuse(char** errorText) noexcept {
 }  // namespace
 }  // namespace tavisk
 
-using namespace tavisk;
-
 int tavisk_edit_xml(const char* xml, char** result, char** error_text) {
     if (error_text) *error_text = nullptr;
     if (result) *result = nullptr;
-    if (!xml || !result) return refuse(error_text);
-    return edit(xml, std::strlen(xml), result, error_text, [&] { return editXML(xml); });
+    if (!xml || !result) return tavisk::refuse(error_text);
+    return tavisk::edit(xml, std::strlen(xml), result, error_text,
+                        [&] { return tavisk::editXML(xml); });
 }
 
 int tavisk_edit_xml_utf16(const uint16_t* xml, uint16_t** result, char** error_text) {
     if (error_text) *error_text = nullptr;
     if (result) *result = nullptr;
-    if (!xml || !result) return refuse(error_text);
-    return edit(xml, lengthOf(xml), result, error_text, [&] { return editXML(utf8Of(xml)); });
+    if (!xml || !result) return tavisk::refuse(error_text);
+    return tavisk::edit(xml, tavisk::lengthOf(xml), result, error_text,
+                        [&] { return tavisk::editXML(tavisk::utf8Of(xml)); });
 }
 
 int tavisk_preview_xml(const char* xml, int evaluate_formula, char** error_text) {
     if (error_text) *error_text = nullptr;
-    if (!xml) return refuse(error_text);
-    return preview(error_text, [&] { previewXML(xml, evaluate_formula != 0); });
+    if (!xml) return tavisk::refuse(error_text);
+    return tavisk::preview(error_text, [&] { tavisk::previewXML(xml, evaluate_formula != 0); });
 }
 
 int tavisk_preview_xml_utf16(const uint16_t* xml, int evaluate_formula, char** error_text) {
     if (error_text) *error_text = nullptr;
-    if (!xml) return refuse(error_text);
-    return preview(error_text, [&] { previewXML(utf8Of(xml), evaluate_formula != 0); });
+    if (!xml) return tavisk::refuse(error_text);
+    return tavisk::preview(error_text,
+                           [&] { tavisk::previewXML(tavisk::utf8Of(xml), evaluate_formula != 0); });
 }
 
 void tavisk_free(void* string) { std::free(string); }
