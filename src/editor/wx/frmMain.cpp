@@ -35,13 +35,13 @@ void frmMain::act(const std::function<void()>& handler) noexcept {
 
 void frmMain::bindLifeCycle() {
     Bind(wxEVT_CLOSE_WINDOW, &frmMain::Form_Unload, this);
-    Bind(wxEVT_CHAR_HOOK, &frmMain::onKey, this);
+    Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) { onKey(event); });
     const auto unload = [this] { Close(); };
     onClick(controls.cmdOK, wxEVT_BUTTON, [this] { cmdOK_Click(); });
     onClick(controls.cmdCancel, wxEVT_BUTTON, unload);
     onClick(controls.cmdRefreshButton, wxEVT_BUTTON, [this] { cmdRefresh_Click(); });
     onClick(controls.cmdPreview, wxEVT_BUTTON, [this] { cmdPreview_Click(); });
-    const auto onMenu = [this](const wxMenuItem& item, std::function<void()> handler) {
+    const auto onMenu = [this](const wxMenuItem& item, const std::function<void()>& handler) {
         Bind(
             wxEVT_MENU, [this, handler](wxCommandEvent&) { act(handler); }, item.GetId());
     };
@@ -79,7 +79,7 @@ void frmMain::cmdPreview_Click() {
     showPreview(this, page);
 }
 
-void frmMain::onKey(wxKeyEvent& event) {
+void frmMain::onKey(wxKeyEvent& event) const {
     const wxWindow* const focus = FindFocus();
     const bool deletes = !event.HasAnyModifiers() && event.GetKeyCode() == WXK_DELETE;
     if (deletes && focus != controls.txtValue && !controls.TreeXML->HasFocus()) {

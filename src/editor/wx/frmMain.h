@@ -41,7 +41,7 @@ private:
     void cmdOK_Click();
     void cmdRefresh_Click();
     void cmdPreview_Click();
-    void onKey(wxKeyEvent& event);
+    void onKey(wxKeyEvent& event) const;
 
     void TreeXML_NodeClick();
     void runNodeCommand(std::size_t index);
