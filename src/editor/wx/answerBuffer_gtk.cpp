@@ -48,8 +48,8 @@ struct AnswerBuffer::Native {
     explicit Native(GtkTextView* textView)
         : view(textView), buffer(gtk_text_view_get_buffer(textView)) {
         g_object_ref(buffer);
-        for (std::size_t i = 0; i < tags.size(); ++i)
-            tags[i].tag = createTag(buffer, tags[i].colour);
+        for (ColourTag& tag : tags)
+            tag.tag = createTag(buffer, tag.colour);
         g_signal_connect(buffer, "insert-text", G_CALLBACK(onInsert), this);
         g_signal_connect(buffer, "delete-range", G_CALLBACK(onDelete), this);
         g_signal_connect(buffer, "apply-tag", G_CALLBACK(onApplyTag), this);

@@ -61,7 +61,7 @@ private:
     void showFrames();
     void showFormulas();
     void showImages();
-    void setFrameEnabled(wxStaticBox& frame, bool enabled);
+    void setFrameEnabled(wxStaticBox& frame, bool enabled) const;
 
     HelpSession& session_;
     const dom::Node* shownNode_ = nullptr;  ///< whose text is shown; to be compared only

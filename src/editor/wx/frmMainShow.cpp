@@ -74,7 +74,7 @@ void frmMain::showFrames() {
     }
 }
 
-void frmMain::setFrameEnabled(wxStaticBox& frame, bool enabled) {
+void frmMain::setFrameEnabled(wxStaticBox& frame, bool enabled) const {
     ::tavisk::enable(frame, enabled);
     const NodePanel& panel = session_.panel;
     for (wxWindow* child : frame.GetChildren()) {
