@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 constexpr const char* fileName = "libtavisk.so";
 
 std::string reasonOfFailure() {
-    const char* const reason = dlerror();
+    const char* const reason = dlerror();  // NOLINT(concurrency-mt-unsafe): one thread loads
     return reason != nullptr ? reason : "unknown reason";
 }
 

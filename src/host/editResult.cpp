@@ -31,7 +31,8 @@ std::string keepEdited(Files& files, const std::string& folder, const std::strin
     const std::string stem = file == "-" ? "document" : fs::path(file).stem().string();
     for (int number = 1;; ++number) {
         const std::string suffix = number == 1 ? "" : "-" + std::to_string(number);
-        const std::string path = folder + "/" + stem + "-edited" + suffix + ".xml";
+        std::string path = folder;
+        path.append("/").append(stem).append("-edited").append(suffix).append(".xml");
         if (files.fileExists(path) || files.folderExists(path)) continue;
         files.replace(path, {document});
         return path;

@@ -30,9 +30,11 @@ const fs::path folderAtLoad = libraryFolder();
 
 fs::path dataHome() {
     // A relative path in this variable is to be ignored, as its convention says.
+    // NOLINTBEGIN(concurrency-mt-unsafe): read once, and nobody offers a safer way
     if (const char* home = std::getenv("XDG_DATA_HOME"); home && home[0] == '/') return home;
     if (const char* home = std::getenv("HOME"); home && home[0] == '/')
         return fs::path(home) / ".local" / "share";
+    // NOLINTEND(concurrency-mt-unsafe)
     raise(ErrorNumber::pathNotFound);
 }
 
@@ -45,7 +47,7 @@ std::string componentFolder(Files& files) {
     const fs::path home = dataHome();
     std::error_code error;
     fs::create_directories(home, error);  // a failure shows in the next step
-    const std::string folder = (home / "tavisk").string();
+    std::string folder = (home / "tavisk").string();
     provideAssets(files, folder);
     return folder;
 }

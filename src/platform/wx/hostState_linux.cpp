@@ -55,6 +55,7 @@ ToolkitHandlers& toolkitHandlers() noexcept {
 
 struct HostState::Saved {
     Handlers handlers = currentHandlers();
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the locale belongs to the process, as the host has it
     std::string locale = std::setlocale(LC_ALL, nullptr);
     std::error_code error;
     std::filesystem::path folder = std::filesystem::current_path(error);
@@ -78,8 +79,10 @@ HostState::~HostState() {
         toolkit.own[number] = true;
         install(number, saved_->handlers[number]);
     }
+    // NOLINTBEGIN(concurrency-mt-unsafe): the same
     if (saved_->locale != std::setlocale(LC_ALL, nullptr))
         std::setlocale(LC_ALL, saved_->locale.c_str());
+    // NOLINTEND(concurrency-mt-unsafe)
     std::error_code error;
     if (!saved_->error && std::filesystem::current_path(error) != saved_->folder)
         std::filesystem::current_path(saved_->folder, error);

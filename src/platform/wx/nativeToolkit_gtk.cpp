@@ -43,6 +43,7 @@ public:
         g_get_filename_charsets(&fileNameCharsets);
         static wxConvBrokenFileNames fileNames(fileNameCharsets[0]);
         wxConvFileName = &fileNames;
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call): that is the point
         if (!wxAppBase::Initialize(count, words)) return false;
         WakeUpIdle();
         return true;

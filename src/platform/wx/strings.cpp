@@ -1,31 +1,33 @@
 #include "platform/wx/strings.h"
 
+#include <cstdint>
 #include <wx/strconv.h>
 
 namespace tavisk {
-namespace {
-
-// Conversion by the bytes in memory, whatever width the toolkit's characters have.
-wxMBConvUTF16 utf16Converter() { return wxMBConvUTF16(); }
-
-}  // namespace
 
 wxString toWx(std::u16string_view utf16) {
     if (utf16.empty()) return {};
-    return wxString(reinterpret_cast<const char*>(utf16.data()), utf16Converter(),
-                    utf16.size() * sizeof(char16_t));
+    // By the bytes in memory, whatever width the toolkit's characters have.
+    const wxMBConvUTF16 converter;
+    return {reinterpret_cast<const char*>(utf16.data()), converter,
+            utf16.size() * sizeof(char16_t)};
 }
 
-std::string utf8Of(const wxString& text) {
-    const wxScopedCharBuffer bytes = text.utf8_str();
-    return std::string(bytes.data(), bytes.length());
-}
+std::string utf8Of(const wxString& text) { return text.ToStdString(wxConvUTF8); }
 
 std::u16string utf16Of(const wxString& text) {
-    if (text.empty()) return {};
-    const wxCharBuffer bytes = text.mb_str(utf16Converter());
-    std::u16string units(bytes.length() / sizeof(char16_t), u'\0');
-    units.assign(reinterpret_cast<const char16_t*>(bytes.data()), units.size());
+    constexpr std::uint32_t firstOfPairs = 0x10000;
+    std::u16string units;
+    units.reserve(text.length());
+    for (const wxUniChar character : text) {
+        const std::uint32_t value = character.GetValue();
+        if (value < firstOfPairs) {
+            units += static_cast<char16_t>(value);
+        } else {
+            units += static_cast<char16_t>(0xD800 + ((value - firstOfPairs) >> 10));
+            units += static_cast<char16_t>(0xDC00 + ((value - firstOfPairs) & 0x3FF));
+        }
+    }
     return units;
 }
 
