@@ -1,6 +1,7 @@
 // The preview window as a window: sizes, keys, closing, modality, and what it leaves behind.
 #include <csignal>
 #include <cstdlib>
+#include <stdexcept>
 #include <wx/button.h>
 #include <wx/display.h>
 #include <wx/frame.h>
@@ -21,6 +22,12 @@ using test::shownText;
 
 frmPreview* shownPreview() {
     return dynamic_cast<frmPreview*>(wxWindow::FindWindowByName("frmPreview"));
+}
+
+int thePageProcess() {
+    if (!pumpUntil([] { return pageProcesses().size() == 1; }))
+        throw std::runtime_error("not one process for one page");
+    return pageProcesses().front();
 }
 
 using Action = std::function<void(frmPreview&)>;
@@ -118,7 +125,7 @@ TEST(FrmPreviewWindow, EscapeClosesItFromInsideAField) {
 TEST(FrmPreviewWindow, EscapeClosesItWhileThePageIsBusy) {
     PreviewWindow preview;
     preview.openBody("page");
-    const int busy = pageProcesses().front();
+    const int busy = thePageProcess();
     kill(busy, SIGSTOP);
     preview.press(WXK_ESCAPE);
     EXPECT_TRUE(pumpUntil([&] { return !preview.window->IsShown(); }));
@@ -223,8 +230,7 @@ TEST(FrmPreviewWindow, CanBeClosedBeforeThePageIsThere) {
 TEST(FrmPreviewWindow, SaysSoWhenTheEngineEnds) {
     PreviewWindow preview;
     preview.openBody("page");
-    ASSERT_TRUE(pumpUntil([] { return pageProcesses().size() == 1; }));
-    kill(pageProcesses().front(), SIGKILL);
+    kill(thePageProcess(), SIGKILL);
     ASSERT_TRUE(pumpUntil([&] { return preview.window->lblEnded != nullptr; }));
     EXPECT_EQ(preview.window->lblEnded->GetLabel(),
               "The page can no longer be shown, because the browser engine has ended.\n"
