@@ -127,6 +127,15 @@ TEST(HelpTreeInput, EnterOpensAndClosesARow) {
     EXPECT_TRUE(test::pumpUntil([&] { return window.isExpanded("cabinet=>one"); }));
 }
 
+TEST(HelpTreeInput, ADoubleClickOpensAndClosesARow) {
+    TreeWindow window(twoBranches);
+    window.click("cabinet=>four");
+    EXPECT_TRUE(window.waitForSelection("cabinet=>four"));
+    window.user.MouseDblClick();
+    EXPECT_TRUE(test::pumpUntil([&] { return window.isExpanded("cabinet=>four"); }));
+    EXPECT_EQ(window.selections, 1);
+}
+
 TEST(HelpTreeInput, TypingANameSelectsIt) {
     TreeWindow window("<one/><two/><three/><Four_more/>");
     window.user.Text("thr");
