@@ -296,6 +296,20 @@ TEST(FrmMainLifeCycle, PreviewWritesThePageAndShowsItModally) {
     expectInStep(editor);
 }
 
+TEST(FrmMainLifeCycle, AfterThePreviewTheEditorHasTheFocusAgain) {
+    EditorWindow editor("<a/>");
+    editor.window->Raise();
+    editor.controls().txtValue->SetFocus();
+    ASSERT_TRUE(test::pumpUntil([&] { return editor.controls().txtValue->HasFocus(); }));
+    WhenShown preview("frmPreview", [&](wxTopLevelWindow& shown) {
+        EXPECT_TRUE(test::pumpUntil([&] { return shown.IsActive(); }));
+        shown.Close();
+    });
+    editor.click(editor.controls().cmdPreview);
+    EXPECT_TRUE(test::pumpUntil(
+        [&] { return editor.window->IsActive() && editor.controls().txtValue->HasFocus(); }));
+}
+
 TEST(FrmMainLifeCycle, ThePreviewHasWhatWasTypedAMomentAgo) {
     EditorWindow editor("<a/>", R"(<formula name="Rate" value="5 %" standard="1"/>)");
     editor.type(u"costs `Rate`");

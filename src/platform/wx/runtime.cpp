@@ -88,15 +88,18 @@ void yieldOnce() {
 
 void ModalFrame::showModal() {
     const std::unique_ptr<wxGUIEventLoop> loop = newNestedLoop();
-    const PutOffRequests putOffRequests(*this);
-    wxWindowDisabler others(this);
-    leave_ = [&loop] { loop->Exit(); };
-    Show();
-    setModal(*this, true);
-    Raise();
-    loop->Run();
-    leave_ = nullptr;
-    setModal(*this, false);
+    {
+        const PutOffRequests putOffRequests(*this);
+        const wxWindowDisabler others(this);
+        leave_ = [&loop] { loop->Exit(); };
+        Show();
+        setModal(*this, true);
+        Raise();
+        loop->Run();
+        leave_ = nullptr;
+        setModal(*this, false);
+    }
+    if (focusedBefore_) focusedBefore_->SetFocus();
 }
 
 void ModalFrame::endModal() {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <wx/frame.h>
+#include <wx/weakref.h>
 
 namespace tavisk {
 
@@ -35,12 +36,15 @@ class ModalFrame : public wxFrame {
 public:
     using wxFrame::wxFrame;
 
-    /// Returns after `endModal`. The windows of the process take no input meanwhile.
+    /// Returns after `endModal`. The windows of the process take no input meanwhile; then the focus
+    /// is where it was when this window was made.
     void showModal();
     void endModal();
 
 private:
     std::function<void()> leave_;
+    // A control loses the focus while its window takes no input.
+    wxWeakRef<wxWindow> focusedBefore_{wxWindow::FindFocus()};
 };
 
 }  // namespace tavisk
