@@ -11,6 +11,7 @@
 #include "platform/error.h"
 #include "platform/wx/handlers.h"
 #include "platform/wx/launch.h"
+#include "platform/wx/nativeExtras.h"
 #include "platform/wx/strings.h"
 
 namespace tavisk {
@@ -58,6 +59,7 @@ frmPreview::frmPreview(wxWindow* parent)
     : ModalFrame(parent, wxID_ANY, "Help Preview", wxDefaultPosition, wxDefaultSize,
                  wxDEFAULT_FRAME_STYLE | (parent ? wxFRAME_FLOAT_ON_PARENT : 0), "frmPreview"),
       openAddress([](const std::string& address) { openInUsersBrowser(address); }) {
+    placeByRealSize(*this);
     SetSize(firstSize(parent ? *parent : *this));
     CentreOnParent();
 
