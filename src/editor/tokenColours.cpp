@@ -48,6 +48,26 @@ void append(std::vector<ColourRun>& runs, ColourRun run) {
     runs.push_back(run);
 }
 
+/// How many tokens of a line are no trouble.
+constexpr std::size_t mostInLine = 25;
+
+bool hasBreak(std::u16string_view text) {
+    return std::any_of(text.begin(), text.end(), [](char16_t unit) {
+        return unit == u'\n' || unit == u'\r' || unit == u'\u2029';
+    });
+}
+
+/// The first token that begins in another line than `tokens[first]`.
+std::size_t nextLine(std::u16string_view text, const std::vector<Token>& tokens,
+                     std::size_t first) {
+    std::size_t next = first + 1;
+    while (
+        next < tokens.size() &&
+        !hasBreak(text.substr(tokens[next - 1].start, tokens[next].start - tokens[next - 1].start)))
+        ++next;
+    return next;
+}
+
 }  // namespace
 
 void findWrongColours(const TokenColours& shown, const TokenColours& wanted,
@@ -76,6 +96,24 @@ void findWrongColours(const TokenColours& shown, const TokenColours& wanted,
         at = next;
     }
     compare(wanted.length - end, wanted.length, shown.length - end);
+}
+
+bool keepNear(std::u16string_view text, TextRange range, std::vector<Token>& tokens) {
+    if (tokens.size() <= mostInLine) return false;
+    const auto isFar = [range](const Token& token) {
+        return token.start + token.length <= range.from || token.start >= range.to;
+    };
+    std::size_t kept = 0;
+    for (std::size_t first = 0; first < tokens.size();) {
+        const std::size_t next = nextLine(text, tokens, first);
+        const bool crowded = next - first > mostInLine;
+        for (; first < next; ++first) {
+            if (!crowded || !isFar(tokens[first])) tokens[kept++] = tokens[first];
+        }
+    }
+    const bool all = kept == tokens.size();
+    tokens.resize(kept);
+    return !all;
 }
 
 }  // namespace tavisk

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 #include <vector>
 
 #include "formulas/tokens.h"
@@ -47,5 +48,15 @@ struct ColourRun {
 /// is replaced; its runs are in order, apart from each other or of different colours.
 void findWrongColours(const TokenColours& shown, const TokenColours& wanted,
                       UntouchedEnds untouched, std::vector<ColourRun>& wrong);
+
+/// From one position up to another one, in code units.
+struct TextRange {
+    std::size_t from = 0;
+    std::size_t to = 0;
+};
+
+/// A line with very many colours takes long to lay out, and it is laid out with every key. So of
+/// the tokens in such lines only those that reach into `range` stay. False when all tokens stay.
+bool keepNear(std::u16string_view text, TextRange range, std::vector<Token>& tokens);
 
 }  // namespace tavisk

@@ -96,6 +96,61 @@ TEST(TokenColours, NeighboursOfOneColourAreOneRun) {
     EXPECT_EQ(wrongColours(u"", u"`a``b`", {0, 0}), (Runs{{0, 6, olive}}));
 }
 
+std::u16string repeated(std::u16string_view piece, int count) {
+    std::u16string text;
+    for (int i = 0; i < count; ++i)
+        text += piece;
+    return text;
+}
+
+TEST(TokenColours, TokensOfAnOrdinaryLineAllStay) {
+    const std::u16string text = repeated(u"`x` ", 25);
+    std::vector<Token> tokens = coloursOf(text).tokens;
+    EXPECT_FALSE(keepNear(text, {0, 0}, tokens));
+    EXPECT_EQ(tokens, coloursOf(text).tokens);
+}
+
+TEST(TokenColours, TokensOfManyOrdinaryLinesAllStay) {
+    const std::u16string text = repeated(u"`x` ", 25) + u"\n" + repeated(u"`x` ", 25) + u"\r\n" +
+                                repeated(u"`x` ", 25) + u"\r" + repeated(u"`x` ", 25) + u"\u2029" +
+                                u"`x`";
+    std::vector<Token> tokens = coloursOf(text).tokens;
+    EXPECT_FALSE(keepNear(text, {0, 0}, tokens));
+    EXPECT_EQ(tokens.size(), 101u);
+}
+
+TEST(TokenColours, OfACrowdedLineTheTokensNearByStay) {
+    const std::u16string text = repeated(u"`x` ", 26);
+    std::vector<Token> tokens = coloursOf(text).tokens;
+    EXPECT_TRUE(keepNear(text, {3, 9}, tokens));
+    EXPECT_EQ(tokens, (std::vector<Token>{{4, 3, TokenKind::formula}, {8, 3, TokenKind::formula}}));
+    tokens = coloursOf(text).tokens;
+    EXPECT_TRUE(keepNear(text, {2, 5}, tokens));
+    EXPECT_EQ(tokens, (std::vector<Token>{{0, 3, TokenKind::formula}, {4, 3, TokenKind::formula}}));
+}
+
+TEST(TokenColours, OfACrowdedLineThatIsNearAllTokensStay) {
+    const std::u16string text = repeated(u"`x` ", 26);
+    std::vector<Token> tokens = coloursOf(text).tokens;
+    EXPECT_FALSE(keepNear(text, {0, text.size()}, tokens));
+    EXPECT_EQ(tokens.size(), 26u);
+}
+
+TEST(TokenColours, ACrowdedLineTakesNothingFromOthers) {
+    const std::u16string text = u"`a`\n" + repeated(u"`x` ", 26) + u"\n`b`";
+    std::vector<Token> tokens = coloursOf(text).tokens;
+    EXPECT_TRUE(keepNear(text, {0, 0}, tokens));
+    EXPECT_EQ(tokens,
+              (std::vector<Token>{{0, 3, TokenKind::formula}, {109, 3, TokenKind::formula}}));
+}
+
+TEST(TokenColours, ATokenOverSeveralLinesBelongsToTheOneItBeginsIn) {
+    const std::u16string text = repeated(u"`x` ", 25) + u"`y\nz` `w`";
+    std::vector<Token> tokens = coloursOf(text).tokens;
+    EXPECT_TRUE(keepNear(text, {0, 0}, tokens));
+    EXPECT_EQ(tokens, (std::vector<Token>{{106, 3, TokenKind::formula}}));
+}
+
 /// One letter for each code unit.
 std::string painted(const TokenColours& colours) {
     std::string letters(colours.length, '.');

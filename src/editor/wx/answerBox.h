@@ -33,10 +33,16 @@ public:
 private:
     void replace(const std::u16string& before, const std::u16string& after,
                  const TextDifference& difference);
+    void clearColours(std::size_t length);
+    void colourNear(const std::u16string& text);
+    void followView();
 
     AnswerBuffer buffer_;
-    TokenColours shown_;
-    TokenColours wanted_;           ///< working memory of `colour`
+    std::vector<Token> tokens_;     ///< of the text
+    TextRange near_;                ///< where all tokens have their colours
+    bool partly_ = false;           ///< elsewhere some have none
+    TokenColours shown_;            ///< what has its colour
+    TokenColours wanted_;           ///< working memory of `colourNear`
     std::vector<ColourRun> wrong_;  ///< the same
 };
 

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "editor/tokenColours.h"
 
@@ -15,7 +17,8 @@ namespace tavisk {
 /// from `colour` alone: what is put in, from wherever, brings none along.
 class AnswerBuffer {
 public:
-    explicit AnswerBuffer(wxTextCtrl& box);
+    /// `drawing` is called whenever the text is drawn.
+    AnswerBuffer(wxTextCtrl& box, std::function<void()> drawing);
     AnswerBuffer(const AnswerBuffer&) = delete;
     AnswerBuffer& operator=(const AnswerBuffer&) = delete;
     ~AnswerBuffer();
@@ -25,14 +28,19 @@ public:
 
     /// Where nothing was put in or taken out since the last call.
     UntouchedEnds takeUntouchedEnds();
+    /// Whether that is everywhere.
+    bool isUntouched() const;
 
     /// Moves neither caret nor view, ends no input method's work and is no change of the text.
-    void colour(std::size_t from, std::size_t to, Colour colour);
+    void colour(const std::vector<ColourRun>& runs);
 
     /// Everything is plain.
     void clearColours();
 
     void scrollToTop();
+
+    /// What of the text can be seen.
+    TextRange visible() const;
 
 private:
     struct Native;

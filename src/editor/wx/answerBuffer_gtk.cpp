@@ -3,8 +3,10 @@
 #include <gtk/gtk.h>
 #include <limits>
 #include <string_view>
+#include <utility>
 #include <wx/textctrl.h>
 
+#include "editor/textPositions.h"
 #include "editor/wx/answerBuffer.h"
 #include "platform/text.h"
 
@@ -38,6 +40,13 @@ GtkTextTag* createTag(GtkTextBuffer* buffer, Colour colour) {
     return gtk_text_buffer_create_tag(buffer, nullptr, "foreground-rgba", &foreground, nullptr);
 }
 
+/// Whether the range has the same tags everywhere.
+bool isUniform(const GtkTextIter& from, const GtkTextIter& to) {
+    GtkTextIter toggle = from;
+    return !gtk_text_iter_forward_to_tag_toggle(&toggle, nullptr) ||
+           gtk_text_iter_compare(&toggle, &to) >= 0;
+}
+
 std::size_t offset(const GtkTextIter* at) {
     return static_cast<std::size_t>(gtk_text_iter_get_offset(at));
 }
@@ -45,19 +54,25 @@ std::size_t offset(const GtkTextIter* at) {
 }  // namespace
 
 struct AnswerBuffer::Native {
-    explicit Native(GtkTextView* textView)
-        : view(textView), buffer(gtk_text_view_get_buffer(textView)) {
+    Native(GtkTextView* textView, std::function<void()> whenDrawing)
+        : view(textView),
+          buffer(gtk_text_view_get_buffer(textView)),
+          drawing(std::move(whenDrawing)) {
         g_object_ref(buffer);
         for (ColourTag& tag : tags)
             tag.tag = createTag(buffer, tag.colour);
         g_signal_connect(buffer, "insert-text", G_CALLBACK(onInsert), this);
         g_signal_connect(buffer, "delete-range", G_CALLBACK(onDelete), this);
         g_signal_connect(buffer, "apply-tag", G_CALLBACK(onApplyTag), this);
+        // Before drawing it is still time for colours; only afterwards it is sure what is seen.
+        g_signal_connect(view, "draw", G_CALLBACK(onDraw), this);
+        g_signal_connect_after(view, "draw", G_CALLBACK(onDraw), this);
         dress();
     }
     Native(const Native&) = delete;
     Native& operator=(const Native&) = delete;
     ~Native() {
+        g_signal_handlers_disconnect_by_data(view, this);
         g_signal_handlers_disconnect_by_data(buffer, this);
         g_object_unref(buffer);
     }
@@ -75,13 +90,63 @@ struct AnswerBuffer::Native {
         gtk_text_view_set_bottom_margin(view, topMargin);
     }
 
+    void colour(const ColourRun& run) const {
+        GtkTextIter start;
+        GtkTextIter end;
+        bounds(run.start, run.start + run.length, start, end);
+        const bool uniform = isUniform(start, end);
+        for (const ColourTag& tag : tags) {
+            const bool wanted = tag.colour == run.colour;
+            // Looking is much cheaper than setting what is there already: that draws lines anew.
+            const bool tagged = gtk_text_iter_has_tag(&start, tag.tag) != FALSE;
+            if (uniform && tagged == wanted) continue;
+            if (wanted) {
+                gtk_text_buffer_apply_tag(buffer, tag.tag, &start, &end);
+            } else {
+                gtk_text_buffer_remove_tag(buffer, tag.tag, &start, &end);
+            }
+        }
+    }
+
     std::size_t length() const {
         return static_cast<std::size_t>(gtk_text_buffer_get_char_count(buffer));
     }
     /// Before the text between the two positions is taken out or something is put in there.
     void touch(std::size_t from, std::size_t to) {
-        untouched.start = std::min(untouched.start, from);
-        untouched.end = std::min(untouched.end, length() - to);
+        const std::size_t behind = length() - to;
+        for (UntouchedEnds* ends : {&sinceRead, &sinceColoured}) {
+            ends->start = std::min(ends->start, from);
+            ends->end = std::min(ends->end, behind);
+        }
+    }
+
+    /// The whole text, of which only what was touched is read anew: gathering thousands of
+    /// characters from among hundreds of tags takes longer than a change.
+    const std::u16string& read() {
+        const std::size_t now = length();
+        const std::size_t shorter = std::min(readLength, now);
+        const std::size_t start = std::min(sinceRead.start, shorter);
+        const std::size_t end = std::min(sinceRead.end, shorter - start);
+        if (start == shorter && readLength == now) return text;
+        const std::u16string touched = slice(start, now - end);
+        CharacterPositions positions(text, readLength);
+        const std::size_t from = positions.unitOf(start);
+        text.replace(from, positions.unitOf(readLength - end) - from, touched);
+        readLength = now;
+        sinceRead = everything;
+        return text;
+    }
+    std::u16string slice(std::size_t from, std::size_t to) const {
+        GtkTextIter start;
+        GtkTextIter end;
+        bounds(from, to, start, end);
+        const std::unique_ptr<char, decltype(&g_free)> utf8(
+            gtk_text_buffer_get_slice(buffer, &start, &end, TRUE), g_free);
+        return toUtf16(std::string_view(utf8.get()));
+    }
+    void bounds(std::size_t from, std::size_t to, GtkTextIter& start, GtkTextIter& end) const {
+        gtk_text_buffer_get_iter_at_offset(buffer, &start, static_cast<int>(from));
+        gtk_text_buffer_get_iter_at_offset(buffer, &end, static_cast<int>(to));
     }
 
     static void onInsert(GtkTextBuffer*, GtkTextIter* at, char*, int, Native* self) {
@@ -96,53 +161,55 @@ struct AnswerBuffer::Native {
         if (!self->colouring) g_signal_stop_emission_by_name(buffer, "apply-tag");
     }
 
+    static gboolean onDraw(GtkWidget*, cairo_t*, Native* self) {
+        try {
+            self->drawing();
+        } catch (...) {
+            // Without memory for the colours the text is still there.
+        }
+        return FALSE;
+    }
+
     static constexpr UntouchedEnds everything{std::numeric_limits<std::size_t>::max(),
                                               std::numeric_limits<std::size_t>::max()};
 
     GtkTextView* view;
     GtkTextBuffer* buffer;
+    std::function<void()> drawing;
     // Plain text has no tag: it shows the control's own colour.
     std::array<ColourTag, 3> tags{{{tokenColour(TokenKind::image), nullptr},
                                    {tokenColour(TokenKind::overlay), nullptr},
                                    {tokenColour(TokenKind::formula), nullptr}}};
-    UntouchedEnds untouched = everything;
+    UntouchedEnds sinceColoured = everything;
+    UntouchedEnds sinceRead = everything;
+    std::u16string text;         ///< as it was read last
+    std::size_t readLength = 0;  ///< its length in characters
     bool colouring = false;
 };
 
-AnswerBuffer::AnswerBuffer(wxTextCtrl& box)
-    : native_(
-          std::make_unique<Native>(GTK_TEXT_VIEW(gtk_bin_get_child(GTK_BIN(box.GetHandle()))))) {}
+AnswerBuffer::AnswerBuffer(wxTextCtrl& box, std::function<void()> drawing)
+    : native_(std::make_unique<Native>(GTK_TEXT_VIEW(gtk_bin_get_child(GTK_BIN(box.GetHandle()))),
+                                       std::move(drawing))) {}
 
 AnswerBuffer::~AnswerBuffer() = default;
 
-std::u16string AnswerBuffer::text() const {
-    GtkTextIter from;
-    GtkTextIter to;
-    gtk_text_buffer_get_bounds(native_->buffer, &from, &to);
-    const std::unique_ptr<char, decltype(&g_free)> utf8(
-        gtk_text_buffer_get_text(native_->buffer, &from, &to, TRUE), g_free);
-    return toUtf16(std::string_view(utf8.get()));
-}
+std::u16string AnswerBuffer::text() const { return native_->read(); }
 
 std::size_t AnswerBuffer::length() const { return native_->length(); }
 
 UntouchedEnds AnswerBuffer::takeUntouchedEnds() {
-    return std::exchange(native_->untouched, Native::everything);
+    return std::exchange(native_->sinceColoured, Native::everything);
 }
 
-void AnswerBuffer::colour(std::size_t from, std::size_t to, Colour colour) {
-    GtkTextIter start;
-    GtkTextIter end;
-    gtk_text_buffer_get_iter_at_offset(native_->buffer, &start, static_cast<int>(from));
-    gtk_text_buffer_get_iter_at_offset(native_->buffer, &end, static_cast<int>(to));
+bool AnswerBuffer::isUntouched() const {
+    return native_->sinceColoured.start == Native::everything.start;
+}
+
+void AnswerBuffer::colour(const std::vector<ColourRun>& runs) {
     native_->colouring = true;
-    for (const ColourTag& tag : native_->tags) {
-        if (tag.colour == colour) {
-            gtk_text_buffer_apply_tag(native_->buffer, tag.tag, &start, &end);
-        } else {
-            gtk_text_buffer_remove_tag(native_->buffer, tag.tag, &start, &end);
-        }
-    }
+    // A tag is found by walking over all tags before it in its line, so the last run comes first.
+    for (auto run = runs.rbegin(); run != runs.rend(); ++run)
+        native_->colour(*run);
     native_->colouring = false;
 }
 
@@ -157,6 +224,17 @@ void AnswerBuffer::clearColours() {
 void AnswerBuffer::scrollToTop() {
     GtkAdjustment* const vertical = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(native_->view));
     gtk_adjustment_set_value(vertical, gtk_adjustment_get_lower(vertical));
+}
+
+TextRange AnswerBuffer::visible() const {
+    GdkRectangle seen;
+    gtk_text_view_get_visible_rect(native_->view, &seen);
+    GtkTextIter from;
+    GtkTextIter to;
+    gtk_text_view_get_iter_at_location(native_->view, &from, seen.x, seen.y);
+    gtk_text_view_get_iter_at_location(native_->view, &to, seen.x + seen.width,
+                                       seen.y + seen.height);
+    return {offset(&from), offset(&to)};
 }
 
 }  // namespace tavisk

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
+#include <utility>
 #include <wx/button.h>
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
@@ -29,6 +30,12 @@ std::string shownColours(const AnswerBox& box);
 
 /// What the rule asks for, character by character: black, then every pair of backquotes in turn.
 std::string ruledColours(const wxString& text);
+
+/// The first character that can be seen, and the one behind the last.
+std::pair<std::size_t, std::size_t> seenCharacters(const AnswerBox& box);
+
+/// How many pieces of different colours each line has at most.
+std::size_t mostPiecesInLine(const AnswerBox& box);
 
 /// How far the view is scrolled down, in pixels.
 double scrolledBy(const AnswerBox& box);

@@ -63,6 +63,30 @@ std::string ruledColours(const wxString& text) {
     return letters;
 }
 
+std::pair<std::size_t, std::size_t> seenCharacters(const AnswerBox& box) {
+    GdkRectangle seen;
+    gtk_text_view_get_visible_rect(viewOf(box), &seen);
+    const auto characterAt = [&](int x, int y) {
+        GtkTextIter at;
+        gtk_text_view_get_iter_at_location(viewOf(box), &at, x, y);
+        return static_cast<std::size_t>(gtk_text_iter_get_offset(&at));
+    };
+    return {characterAt(seen.x, seen.y), characterAt(seen.x + seen.width, seen.y + seen.height)};
+}
+
+std::size_t mostPiecesInLine(const AnswerBox& box) {
+    const std::string colours = shownColours(box);
+    const wxString text = box.GetValue();
+    std::size_t most = 0;
+    std::size_t here = 1;
+    for (std::size_t i = 1; i < colours.size(); ++i) {
+        if (colours[i] != colours[i - 1]) ++here;
+        if (text[i] == '\n') here = 1;
+        most = std::max(most, here);
+    }
+    return most;
+}
+
 double scrolledBy(const AnswerBox& box) {
     return gtk_adjustment_get_value(gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(viewOf(box))));
 }
