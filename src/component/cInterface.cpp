@@ -6,6 +6,7 @@
 #include <tavisk/tavisk.h>
 
 #include "component/component.h"
+#include "component/hostText.h"
 #include "platform/error.h"
 #include "platform/text.h"
 
@@ -27,28 +28,9 @@ int report(const RunTimeError& error, char** text) noexcept {
     return error.number();
 }
 
-/// Half of a surrogate pair becomes bytes that are not UTF-8, which parsing refuses with their
-/// line.
-std::string utf8Of(const uint16_t* xml) {
+std::u16string_view unitsOf(const uint16_t* xml) {
     static_assert(sizeof(uint16_t) == sizeof(char16_t));
-    const std::u16string_view units(reinterpret_cast<const char16_t*>(xml));
-    std::string utf8;
-    utf8.reserve(units.size());
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        const bool pair = (units[i] & 0xFC00) == 0xD800 && i + 1 < units.size() &&
-                          (units[i + 1] & 0xFC00) == 0xDC00;
-        if (!pair) {
-            appendUtf8(utf8, units[i]);
-            continue;
-        }
-        appendUtf8(utf8, 0x10000U + ((units[i] & 0x3FFU) << 10) + (units[i + 1] & 0x3FFU));
-        ++i;
-    }
-    return utf8;
-}
-
-std::size_t lengthOf(const uint16_t* xml) {
-    return std::u16string_view(reinterpret_cast<const char16_t*>(xml)).size();
+    return reinterpret_cast<const char16_t*>(xml);
 }
 
 /// `body` does the call and returns the edited text, UTF-8 or UTF-16, in memory that was handed
@@ -105,8 +87,8 @@ int tavisk_edit_xml_utf16(const uint16_t* xml, uint16_t** result, char** error_t
     if (error_text) *error_text = nullptr;
     if (result) *result = nullptr;
     if (!xml || !result) return tavisk::refuse(error_text);
-    return tavisk::edit(xml, tavisk::lengthOf(xml), result, error_text,
-                        [&] { return tavisk::editXML(tavisk::utf8Of(xml)); });
+    return tavisk::edit(xml, tavisk::unitsOf(xml).size(), result, error_text,
+                        [&] { return tavisk::editXML(tavisk::utf8OfHost(tavisk::unitsOf(xml))); });
 }
 
 int tavisk_preview_xml(const char* xml, int evaluate_formula, char** error_text) {
@@ -118,8 +100,9 @@ int tavisk_preview_xml(const char* xml, int evaluate_formula, char** error_text)
 int tavisk_preview_xml_utf16(const uint16_t* xml, int evaluate_formula, char** error_text) {
     if (error_text) *error_text = nullptr;
     if (!xml) return tavisk::refuse(error_text);
-    return tavisk::preview(error_text,
-                           [&] { tavisk::previewXML(tavisk::utf8Of(xml), evaluate_formula != 0); });
+    return tavisk::preview(error_text, [&] {
+        tavisk::previewXML(tavisk::utf8OfHost(tavisk::unitsOf(xml)), evaluate_formula != 0);
+    });
 }
 
 void tavisk_free(void* string) { std::free(string); }

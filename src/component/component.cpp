@@ -1,5 +1,7 @@
 #include "component/component.h"
 
+#include <atomic>
+
 #include "component/oneCall.h"
 #include "editor/helpSession.h"
 #include "editor/wx/frmMain.h"
@@ -26,6 +28,19 @@ Form& defaultInstance() {
     return *form;
 }
 
+std::atomic<bool> formLoaded;
+
+/// The form for one call, which tells other threads at its end whether it stays loaded.
+class FormOfCall {
+public:
+    FormOfCall() : session(defaultInstance().session) {}
+    FormOfCall(const FormOfCall&) = delete;
+    FormOfCall& operator=(const FormOfCall&) = delete;
+    ~FormOfCall() { formLoaded = session.loaded(); }
+
+    HelpSession& session;
+};
+
 /// Error 364 for a document that is rejected, of which the user is told here.
 void load(HelpSession& session, std::string_view xml) {
     std::optional<Message> refusal;
@@ -38,7 +53,8 @@ void load(HelpSession& session, std::string_view xml) {
 
 std::string edit(std::string_view xml) {
     yieldOnce();
-    HelpSession& session = defaultInstance().session;
+    const FormOfCall form;
+    HelpSession& session = form.session;
     yieldOnce();
     load(session, xml);
     yieldOnce();
@@ -91,7 +107,8 @@ void previewXML(std::string_view xml, bool evaluateFormula) {
     const HostState host;
     startToolkit();
     yieldOnce();
-    HelpSession& session = defaultInstance().session;
+    const FormOfCall form;
+    HelpSession& session = form.session;
     yieldOnce();
     load(session, xml);
     yieldOnce();
@@ -101,5 +118,7 @@ void previewXML(std::string_view xml, bool evaluateFormula) {
     showPreview(nullptr, page);
     yieldOnce();
 }
+
+bool isFormInUse() noexcept { return formLoaded || OneCall::isRunning(); }
 
 }  // namespace tavisk

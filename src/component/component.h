@@ -22,4 +22,7 @@ EditResult editXML(std::string_view xml);
 /// Throws RunTimeError and std::bad_alloc.
 void previewXML(std::string_view xml, bool evaluateFormula);
 
+/// Whether a call is running, or a preview has left its document loaded. On any thread.
+bool isFormInUse() noexcept;
+
 }  // namespace tavisk

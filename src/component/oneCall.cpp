@@ -22,4 +22,6 @@ OneCall::~OneCall() {
     if (admitted_) running = std::thread::id();
 }
 
+bool OneCall::isRunning() noexcept { return running.load() != std::thread::id(); }
+
 }  // namespace tavisk

@@ -15,6 +15,8 @@ public:
     bool admitted() const noexcept { return admitted_; }
     /// Whether the call that is running is on this thread.
     bool isNested() const noexcept { return nested_; }
+    /// Whether a call is running now, on any thread.
+    static bool isRunning() noexcept;
 
 private:
     bool admitted_ = false;

@@ -12,8 +12,9 @@ from driver import key
 from hostCase import LIBRARY, PLAIN, PREVIEW, HostTest
 
 NO_WINDOW = "361 Can't load or unload this object"
-INTERFACE = ["tavisk_edit_xml", "tavisk_edit_xml_utf16", "tavisk_free", "tavisk_preview_xml",
-             "tavisk_preview_xml_utf16", "tavisk_version"]
+INTERFACE = ["DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer",
+             "tavisk_edit_xml", "tavisk_edit_xml_utf16", "tavisk_free",
+             "tavisk_preview_xml", "tavisk_preview_xml_utf16", "tavisk_version"]
 
 
 class Display(HostTest):
