@@ -78,6 +78,8 @@ void expectManyNames(wxChoice& list) {
     gtk_style_context_add_provider(gtk_widget_get_style_context(widget), GTK_STYLE_PROVIDER(style),
                                    GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
     g_object_unref(style);
+    // Without this it is a menu still, until it is shown, and filled as one.
+    g_signal_emit_by_name(widget, "style-updated");
     // Nor is every entry measured to find the widest.
     if (GtkWidget* const chosen = gtk_bin_get_child(GTK_BIN(widget)); GTK_IS_CELL_VIEW(chosen))
         gtk_cell_view_set_fit_model(GTK_CELL_VIEW(chosen), FALSE);
