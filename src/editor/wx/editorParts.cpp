@@ -57,11 +57,11 @@ wxStaticText* newLabel(wxWindow* parent, const wxString& name, const wxString& c
 }
 
 wxStaticText* newFieldLabel(wxWindow* parent, const wxString& name, const wxString& caption,
-                            const wxString& widest, long elide, void (*look)(wxStaticText&)) {
+                            const wxString& widest, long elide, wxSize (*look)(wxStaticText&)) {
     wxStaticText* const label = newLabel(parent, name, widest, wxST_NO_AUTORESIZE | elide);
-    if (look) look(*label);
+    const wxSize besides = look ? look(*label) : wxSize(0, 0);
     label->InvalidateBestSize();
-    label->SetMinSize(label->GetBestSize());
+    label->SetMinSize(label->GetBestSize() + besides);
     label->SetLabelText(caption);
     label->Bind(wxEVT_SIZE, [label](wxSizeEvent& event) {
         updateToolTip(*label);

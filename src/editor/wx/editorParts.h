@@ -24,10 +24,11 @@ wxCheckBox* newCheckBox(wxWindow* parent, const wxString& name, const wxString& 
 wxStaticText* newLabel(wxWindow* parent, const wxString& name, const wxString& caption,
                        long style = 0);
 /// A label for texts of any length: it keeps room for `widest`, and `elide` (wxST_ELLIPSIZE_...)
-/// says where a longer text gives way. `look` changes how it is drawn.
+/// says where a longer text gives way. `look` changes how it is drawn and returns the room that
+/// this needs besides.
 wxStaticText* newFieldLabel(wxWindow* parent, const wxString& name, const wxString& caption,
                             const wxString& widest, long elide,
-                            void (*look)(wxStaticText&) = nullptr);
+                            wxSize (*look)(wxStaticText&) = nullptr);
 
 /// A frame with its caption; `content` is laid out in it with the usual distance to its border.
 wxStaticBox* newFrame(wxWindow* parent, const wxString& name, const wxString& caption);

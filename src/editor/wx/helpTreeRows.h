@@ -53,7 +53,9 @@ public:
     bool IsExpanded(const wxDataViewItem& item) const override;
 
 protected:
+#ifdef __WXGTK__  // only there wxWidgets' own function does not know these rows
     void DoExpand(const wxDataViewItem& item, bool expandChildren) override;
+#endif
 
 private:
     struct Native;

@@ -25,13 +25,6 @@ dom::Node* nodeOf(const wxDataViewItem& item) { return static_cast<dom::Node*>(i
 
 }  // namespace
 
-std::size_t indexAmongSiblings(const dom::Node& node) noexcept {
-    std::size_t index = 0;
-    for (const dom::Node* before = node.previous(); before; before = before->previous())
-        ++index;
-    return index;
-}
-
 struct HelpTreeRows::Native {
     Native(GtkTreeView* tree, GtkCellRenderer* cell);
     Native(const Native&) = delete;

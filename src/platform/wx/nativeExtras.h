@@ -1,6 +1,8 @@
 // What native controls can do and wxWidgets does not offer.
 #pragma once
 
+#include <wx/gdicmn.h>
+
 class wxButton;
 class wxCheckBox;
 class wxChoice;
@@ -30,8 +32,9 @@ void underlineCaption(wxCheckBox& box);
 /// Wraps the text into the label's width; what does not fit into this many lines is left out.
 void wrapText(wxStaticText& label, int lines);
 
-/// Room around the text, for a label with a background of its own.
-void padText(wxStaticText& label);
+/// Room around the text, for a label with a background of its own. Returns what of it the label's
+/// best size does not include.
+wxSize padText(wxStaticText& label);
 
 /// For a list of thousands of names of any length: opening the window costs no more for them, and a
 /// name that is longer than the list is wide is shown with its middle left out.

@@ -57,7 +57,7 @@ void wrapText(wxStaticText& label, int lines) {
     gtk_label_set_lines(widget, lines);
 }
 
-void padText(wxStaticText& label) {
+wxSize padText(wxStaticText& label) {
     GtkCssProvider* const style = gtk_css_provider_new();
     gtk_css_provider_load_from_data(style,
                                     "label { padding: 3px 6px; border-radius: 3px; }"
@@ -67,6 +67,7 @@ void padText(wxStaticText& label) {
                                    GTK_STYLE_PROVIDER(style),
                                    GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
     g_object_unref(style);
+    return {};
 }
 
 void expectManyNames(wxChoice& list) {

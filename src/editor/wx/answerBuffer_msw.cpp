@@ -1,0 +1,253 @@
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <utility>
+#include <windows.h>
+#include <wx/msw/private/comptr.h>
+#include <wx/textctrl.h>
+
+#include "editor/wx/answerBuffer.h"
+// after windows.h
+#include <commctrl.h>
+#include <richedit.h>
+#include <richole.h>
+#include <tom.h>
+
+namespace tavisk {
+namespace {
+
+constexpr Colour paper = 0xFFFFFF;
+constexpr Colour disabledPaper = 0xEBEBEB;
+/// The user's own letters, a little larger.
+constexpr float fontScale = 1.1F;
+constexpr int sideMargin = 8;
+
+constexpr UINT utf16 = 1200;
+
+struct Selection {
+    std::size_t from = 0;
+    std::size_t to = 0;
+};
+
+/// After these, the selection does not tell what was changed.
+bool changesAnywhere(UINT message, WPARAM parameter) {
+    const bool control = GetKeyState(VK_CONTROL) < 0;
+    switch (message) {
+        case WM_UNDO:
+        case EM_UNDO:
+        case EM_REDO:
+        case WM_SETTEXT:
+        case EM_SETTEXTEX:
+        case WM_SYSKEYDOWN: return true;
+        case EM_STREAMIN: return !(parameter & SFF_SELECTION);
+        case WM_KEYDOWN: return control && (parameter == 'Z' || parameter == 'Y');
+        default: return message >= WM_MOUSEFIRST && message <= WM_MOUSELAST;
+    }
+}
+
+}  // namespace
+
+struct AnswerBuffer::Native {
+    Native(wxTextCtrl& textBox, std::function<void()> whenDrawing)
+        : box(textBox),
+          window(static_cast<HWND>(textBox.GetHandle())),
+          drawing(std::move(whenDrawing)) {
+        wxCOMPtr<IRichEditOle> control;
+        send(EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(&control));
+        if (control)
+            control->QueryInterface(__uuidof(ITextDocument), reinterpret_cast<void**>(&document));
+        // What is pasted would bring its look along, and what is dropped also pictures and files.
+        box.Bind(wxEVT_TEXT_PASTE, &Native::onPaste, this);
+        RevokeDragDrop(window);
+        dress();
+        SetWindowSubclass(window, onMessage, 0, reinterpret_cast<DWORD_PTR>(this));
+    }
+    Native(const Native&) = delete;
+    Native& operator=(const Native&) = delete;
+    ~Native() {
+        RemoveWindowSubclass(window, onMessage, 0);
+        box.Unbind(wxEVT_TEXT_PASTE, &Native::onPaste, this);
+    }
+
+    /// The text is black and the token colours are made for paper, whatever the desktop's colours.
+    void dress() {
+        box.SetFont(box.GetFont().Scaled(fontScale));
+        box.SetForegroundColour(wxColour(plainTextColour));
+        box.SetBackgroundColour(wxColour(paper));
+        box.SetMargins(box.FromDIP(sideMargin));
+    }
+
+    LRESULT send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
+        return SendMessageW(window, message, first, second);
+    }
+
+    std::size_t length() const {
+        GETTEXTLENGTHEX wanted{GTL_NUMCHARS | GTL_PRECISE, utf16};
+        return static_cast<std::size_t>(
+            send(EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&wanted)));
+    }
+    std::u16string text() const {
+        std::u16string units(length() + 1, u'\0');
+        GETTEXTEX wanted{};
+        wanted.cb = static_cast<DWORD>(units.size() * sizeof(char16_t));
+        wanted.codepage = utf16;
+        const LRESULT read = send(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&wanted),
+                                  reinterpret_cast<LPARAM>(units.data()));
+        units.resize(static_cast<std::size_t>(read));
+        // The ends of paragraphs, and the lines of one that Shift+Enter makes.
+        std::replace_if(
+            units.begin(), units.end(), [](char16_t c) { return c == u'\r' || c == u'\v'; }, u'\n');
+        return units;
+    }
+    Selection selection() const {
+        CHARRANGE range{};
+        send(EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
+        return {static_cast<std::size_t>(std::max<LONG>(range.cpMin, 0)),
+                static_cast<std::size_t>(std::max<LONG>(range.cpMax, 0))};
+    }
+
+    /// Notes what has changed since the message began, or since this was called in it.
+    void look() {
+        if (send(EM_GETMODIFY) == 0) return;
+        send(EM_SETMODIFY, FALSE);
+        const std::size_t now = length();
+        const Selection after = selection();
+        if (depth == 0 || anywhere) {
+            untouched = {0, 0};
+        } else {
+            const std::size_t behind = std::min(lengthBefore - std::min(lengthBefore, before.to),
+                                                now - std::min(now, after.to));
+            untouched.start = std::min({untouched.start, before.from, after.from});
+            untouched.end = std::min(untouched.end, behind);
+        }
+        changed = true;
+        begin(now, after);
+    }
+    void begin(std::size_t now, Selection selected) {
+        lengthBefore = now;
+        before = selected;
+    }
+
+    LRESULT handle(UINT message, WPARAM first, LPARAM second) {
+        if (depth > 0 || message == WM_DESTROY || message == WM_NCDESTROY)
+            return DefSubclassProc(window, message, first, second);
+        if (message == WM_PAINT) draw();
+        look();
+        depth = 1;
+        anywhere = changesAnywhere(message, first);
+        begin(length(), selection());
+        const LRESULT result = DefSubclassProc(window, message, first, second);
+        look();
+        depth = 0;
+        if (message == WM_PAINT) draw();
+        if (message == WM_ENABLE)
+            send(EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(first ? paper : disabledPaper));
+        return result;
+    }
+    void draw() noexcept {
+        try {
+            drawing();
+        } catch (...) {
+            // Without memory for the colours the text is still there.
+        }
+    }
+    static LRESULT CALLBACK onMessage(HWND window, UINT message, WPARAM first, LPARAM second,
+                                      UINT_PTR, DWORD_PTR self) {
+        if (message == WM_NCDESTROY) RemoveWindowSubclass(window, onMessage, 0);
+        return reinterpret_cast<Native*>(self)->handle(message, first, second);
+    }
+
+    void onPaste(wxClipboardTextEvent&) { send(EM_PASTESPECIAL, CF_UNICODETEXT); }
+
+    /// Runs `action`, which changes colours only, as if nothing had been done to the text: the
+    /// control itself counts colours among the changes, and would take them back with them.
+    template <class Action>
+    void quietly(Action action) {
+        if (!document) return;
+        look();
+        const LRESULT told = send(EM_SETEVENTMASK, 0, 0);
+        long count = 0;
+        document->Undo(tomSuspend, &count);
+        document->Freeze(&count);
+        action();
+        document->Unfreeze(&count);
+        document->Undo(tomResume, &count);
+        send(EM_SETEVENTMASK, 0, told);
+        send(EM_SETMODIFY, FALSE);
+    }
+    void colour(std::size_t from, std::size_t to, Colour colour) const {
+        wxCOMPtr<ITextRange> range;
+        wxCOMPtr<ITextFont> font;
+        if (FAILED(document->Range(static_cast<long>(from), static_cast<long>(to), &range)) ||
+            FAILED(range->GetFont(&font)))
+            return;
+        font->SetForeColor(static_cast<long>(colour));
+    }
+
+    std::size_t characterAt(int x, int y) const {
+        POINTL point{x, y};
+        return static_cast<std::size_t>(
+            std::max<LRESULT>(send(EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&point)), 0));
+    }
+
+    static constexpr UntouchedEnds everything{std::numeric_limits<std::size_t>::max(),
+                                              std::numeric_limits<std::size_t>::max()};
+
+    wxTextCtrl& box;
+    HWND window;
+    std::function<void()> drawing;
+    wxCOMPtr<ITextDocument> document;
+    UntouchedEnds untouched = everything;
+    bool changed = false;  ///< since `untouched` was everything
+
+    // The message that the control is handling.
+    int depth = 0;
+    bool anywhere = false;
+    std::size_t lengthBefore = 0;
+    Selection before;
+};
+
+AnswerBuffer::AnswerBuffer(wxTextCtrl& box, std::function<void()> drawing)
+    : native_(std::make_unique<Native>(box, std::move(drawing))) {}
+
+AnswerBuffer::~AnswerBuffer() = default;
+
+std::u16string AnswerBuffer::text() const { return native_->text(); }
+
+std::size_t AnswerBuffer::length() const { return native_->length(); }
+
+UntouchedEnds AnswerBuffer::takeUntouchedEnds() {
+    native_->look();
+    native_->changed = false;
+    return std::exchange(native_->untouched, Native::everything);
+}
+
+bool AnswerBuffer::isUntouched() const {
+    native_->look();
+    return !native_->changed;
+}
+
+void AnswerBuffer::colour(const std::vector<ColourRun>& runs) {
+    if (runs.empty()) return;
+    native_->quietly([&] {
+        for (const ColourRun& run : runs)
+            native_->colour(run.start, run.start + run.length, run.colour);
+    });
+}
+
+void AnswerBuffer::clearColours() {
+    native_->quietly([&] { native_->colour(0, native_->length(), plainTextColour); });
+}
+
+void AnswerBuffer::scrollToTop() {
+    POINT top{0, 0};
+    native_->send(EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&top));
+}
+
+TextRange AnswerBuffer::visible() const {
+    RECT seen;
+    GetClientRect(native_->window, &seen);
+    return {native_->characterAt(0, 0), native_->characterAt(seen.right - 1, seen.bottom - 1)};
+}
+
+}  // namespace tavisk

@@ -1,0 +1,19 @@
+#include <cstdint>
+#include <windows.h>
+// after windows.h
+#include <shellapi.h>
+
+#include "platform/error.h"
+#include "platform/wx/launch.h"
+#include "platform/wx/strings.h"
+
+namespace tavisk {
+
+void openInUsersBrowser(const std::string& address) {
+    constexpr std::intptr_t lastError = 32;
+    const HINSTANCE opened =
+        ShellExecuteW(nullptr, L"open", toWx(address).wc_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    if (reinterpret_cast<std::intptr_t>(opened) <= lastError) raise(ErrorNumber::fileNotFound);
+}
+
+}  // namespace tavisk
