@@ -24,7 +24,7 @@
 
 #ifdef _WIN32  // the system has all of it
 
-#include <Tavisk_h.h>
+#include <TaviskTypes.h>
 #include <olectl.h>
 
 #else
