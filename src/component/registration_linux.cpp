@@ -5,14 +5,14 @@
 
 #include "platform/error.h"
 #include "platform/files.h"
-#include "platform/places_linux.h"
+#include "platform/places.h"
 
 namespace tavisk {
 namespace {
 
 namespace fs = std::filesystem;
 
-fs::path registrationFile() { return dataHome() / "tavisk" / "libtavisk.path"; }
+fs::path registrationFile() { return dataFolder() / "libtavisk.path"; }
 
 /// What the file says.
 std::string ownLine() {

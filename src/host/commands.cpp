@@ -24,6 +24,7 @@
 #include "host/progress.h"
 #include "platform/assets.h"
 #include "platform/error.h"
+#include "platform/paths.h"
 #include "platform/text.h"
 #include "platform/xmlWriter.h"
 
@@ -149,7 +150,7 @@ private:
     /// For the user's work, when its own place fails.
     void keep(const std::string& edited) {
         try {
-            const std::string folder = std::filesystem::temp_directory_path().generic_string();
+            const std::string folder = textOf(std::filesystem::temp_directory_path());
             const std::string path = keepEdited(disk_, folder, line_.file, edited);
             streams_.err << "The edited document is kept in " << path << '\n';
         } catch (...) {

@@ -5,6 +5,7 @@
 
 #include "editor/helpSession.h"
 #include "host/noFiles.h"
+#include "platform/paths.h"
 
 namespace tavisk {
 
@@ -23,12 +24,12 @@ bool isEdited(const std::string& handedOver, const std::string& returned) {
 
 bool isSameFile(const std::string& a, const std::string& b) {
     std::error_code error;
-    return fs::equivalent(a, b, error);
+    return fs::equivalent(pathOf(a), pathOf(b), error);
 }
 
 std::string keepEdited(Files& files, const std::string& folder, const std::string& file,
                        const std::string& document) {
-    const std::string stem = file == "-" ? "document" : fs::path(file).stem().string();
+    const std::string stem = file == "-" ? "document" : textOf(pathOf(file).stem());
     for (int number = 1;; ++number) {
         const std::string suffix = number == 1 ? "" : "-" + std::to_string(number);
         std::string path = folder;

@@ -14,6 +14,8 @@
 
 #include "host/fileError.h"
 #include "host/mappedInput.h"
+#include "host/openInput.h"
+#include "platform/paths.h"
 #include "platform/text.h"
 
 namespace tavisk {
@@ -51,10 +53,6 @@ private:
     std::size_t capacity_ = 0;
 };
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 [[noreturn]] void raiseUnreadable(int error, const std::string& path) {
     const bool missing = error == ENOENT || error == ENOTDIR;
     throw FileError(missing        ? ErrorNumber::fileNotFound
@@ -65,12 +63,12 @@ struct CloseFile {
 
 dom::Source readFile(const std::string& path) {
     if (std::optional<dom::Source> mapped = mapInput(path)) return std::move(*mapped);
-    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
+    const InputFile file = openInput(path);
     if (!file) raiseUnreadable(errno, path);
     // Straight into the buffer, without a copy in between.
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
     std::error_code noSize;
-    const std::uintmax_t size = std::filesystem::file_size(path, noSize);
+    const std::uintmax_t size = std::filesystem::file_size(pathOf(path), noSize);
     Buffer buffer(noSize ? firstBlock : static_cast<std::size_t>(size));
     for (;;) {
         const auto [to, room] = buffer.room();

@@ -8,9 +8,10 @@
 
 int main(int count, char** words) {
     try {
+        tavisk::passBytesThrough();
         tavisk::reportFailedWrites();
         tavisk::reportShrunkInput();
-        const std::vector<std::string> arguments(words + (count > 0 ? 1 : 0), words + count);
+        const std::vector<std::string> arguments = tavisk::commandArguments(count, words);
         const tavisk::Streams streams{std::cin, std::cout, std::cerr,
                                       tavisk::errorOutputIsTerminal()};
         return static_cast<int>(tavisk::runCommand(arguments, streams));

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "host/fileError.h"
+#include "platform/paths.h"
 
 namespace tavisk {
 
@@ -31,18 +32,18 @@ void writeStandardOutput(std::ostream& out, std::string_view text) {
 
 void writeOutputFile(Files& files, const std::string& path, const Produce& produce) {
     std::error_code error;
-    fs::path target = path;
+    fs::path target = pathOf(path);
     if (fs::is_symlink(target, error)) {
         // A link that leads nowhere, or to something without a name like a pipe, is opened as it
         // is.
         if (fs::path behind = fs::canonical(target, error); !error) target = std::move(behind);
     }
-    files.replaceBy(target.generic_string(), produce);
+    files.replaceBy(textOf(target), produce);
 }
 
 std::string absoluteFolder(const std::string& folder) {
     std::error_code error;
-    const fs::path whole = fs::absolute(folder, error);
+    const fs::path whole = fs::absolute(pathOf(folder), error);
     if (error) throw FileError(ErrorNumber::pathNotFound, folder);
     fs::path plain = whole.root_path();
     for (const fs::path& step : whole.relative_path()) {
@@ -51,13 +52,13 @@ std::string absoluteFolder(const std::string& folder) {
     }
     // The root alone would end in a separator.
     if (plain == whole.root_path()) plain /= ".";
-    return plain.generic_string();
+    return textOf(plain);
 }
 
 void createFolders(Files& files, const std::string& folder) {
     if (files.folderExists(folder)) return;
-    const fs::path above = fs::path(folder).parent_path();
-    if (above != folder) createFolders(files, above.generic_string());
+    const fs::path above = pathOf(folder).parent_path();
+    if (above != pathOf(folder)) createFolders(files, textOf(above));
     files.createFolder(folder);
 }
 

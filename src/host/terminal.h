@@ -1,9 +1,18 @@
 // What the command asks of the system that it was started from.
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace tavisk {
 
+/// What stands behind the command's name, as UTF-8. The parameters are those of `main`.
+std::vector<std::string> commandArguments(int count, char** words);
+
 bool errorOutputIsTerminal();
+
+/// Bytes go through the standard streams as they are, and a terminal shows them as UTF-8.
+void passBytesThrough();
 
 /// A closed pipe or a file as long as a limit allows is then an error of the writing call and does
 /// not end the process, which would leave half a file behind.

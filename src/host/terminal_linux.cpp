@@ -5,7 +5,13 @@
 
 namespace tavisk {
 
+std::vector<std::string> commandArguments(int count, char** words) {
+    return {words + (count > 0 ? 1 : 0), words + count};
+}
+
 bool errorOutputIsTerminal() { return ::isatty(STDERR_FILENO) == 1; }
+
+void passBytesThrough() {}
 
 void reportFailedWrites() {
     std::signal(SIGPIPE, SIG_IGN);

@@ -1,7 +1,8 @@
-#include "platform/places_linux.h"
+#include "platform/places.h"
 
 #include <cstdlib>
 #include <dlfcn.h>
+#include <unistd.h>
 
 #include "platform/error.h"
 
@@ -22,10 +23,6 @@ fs::path findLibraryFile() noexcept {
 
 const fs::path fileAtLoad = findLibraryFile();
 
-}  // namespace
-
-const fs::path& libraryFile() noexcept { return fileAtLoad; }
-
 fs::path dataHome() {
     // A relative path in this variable is to be ignored, as its convention says.
     // NOLINTBEGIN(concurrency-mt-unsafe): read once, and nobody offers a safer way
@@ -35,5 +32,13 @@ fs::path dataHome() {
     // NOLINTEND(concurrency-mt-unsafe)
     raise(ErrorNumber::pathNotFound);
 }
+
+}  // namespace
+
+const fs::path& libraryFile() noexcept { return fileAtLoad; }
+
+fs::path dataFolder() { return dataHome() / "tavisk"; }
+
+bool mayCreateFilesIn(const fs::path& folder) noexcept { return access(folder.c_str(), W_OK) == 0; }
 
 }  // namespace tavisk

@@ -2,10 +2,10 @@
 
 #include <filesystem>
 #include <system_error>
-#include <unistd.h>
 
 #include "platform/assets.h"
-#include "platform/places_linux.h"
+#include "platform/paths.h"
+#include "platform/places.h"
 
 namespace tavisk {
 
@@ -13,12 +13,12 @@ namespace fs = std::filesystem;
 
 std::string componentFolder(Files& files) {
     const fs::path own = libraryFile().parent_path();
-    if (!own.empty() && access(own.c_str(), W_OK) == 0) return own.string();
+    if (!own.empty() && mayCreateFilesIn(own)) return textOf(own);
 
-    const fs::path home = dataHome();
+    const fs::path data = dataFolder();
     std::error_code error;
-    fs::create_directories(home, error);  // a failure shows in the next step
-    std::string folder = (home / "tavisk").string();
+    fs::create_directories(data.parent_path(), error);  // a failure shows in the next step
+    std::string folder = textOf(data);
     provideAssets(files, folder);
     return folder;
 }

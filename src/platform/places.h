@@ -9,7 +9,10 @@ namespace tavisk {
 /// changes its folder. Empty when it was not found.
 const std::filesystem::path& libraryFile() noexcept;
 
-/// The folder of the user's data. Error 76 without one.
-std::filesystem::path dataHome();
+/// The component's folder in the user's data; it need not exist. Error 76 where users have no data.
+std::filesystem::path dataFolder();
+
+/// Whether the user may create files in an existing folder.
+bool mayCreateFilesIn(const std::filesystem::path& folder) noexcept;
 
 }  // namespace tavisk

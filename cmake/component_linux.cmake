@@ -1,0 +1,16 @@
+# libtavisk.so: the windows are GTK's.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(gtk REQUIRED IMPORTED_TARGET gtk+-3.0)
+# The engine that wxWidgets is built on; another version of it in one process would end the process.
+pkg_check_modules(webkit REQUIRED IMPORTED_TARGET webkit2gtk-4.0)
+target_link_libraries(tavisk_windows PRIVATE PkgConfig::gtk PkgConfig::webkit)
+
+set_target_properties(tavisk_component PROPERTIES
+  OUTPUT_NAME tavisk LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+# The toolkit below cannot be unloaded, so neither can this.
+set(exports ${CMAKE_SOURCE_DIR}/src/component/exports.map)
+target_link_options(tavisk_component PRIVATE -Wl,--version-script=${exports} -Wl,-z,nodelete -Wl,-z,defs)
+set_target_properties(tavisk_component PROPERTIES LINK_DEPENDS ${exports})
+if(TAVISK_SANITIZE)
+  target_link_options(tavisk_component PRIVATE -Wl,-z,undefs)
+endif()

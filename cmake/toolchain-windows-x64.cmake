@@ -1,0 +1,5 @@
+set(TAVISK_ARCH x64)
+set(TAVISK_TRIPLET x86_64-w64-mingw32)
+set(CMAKE_SYSTEM_PROCESSOR AMD64)
+set(TAVISK_LINK "-Wl,--high-entropy-va")
+include(${CMAKE_CURRENT_LIST_DIR}/toolchain-windows.cmake)

@@ -1,0 +1,15 @@
+# What is the same for every system is tested once, and what only this one has.
+add_test(NAME layers.includesAndLibraries
+  COMMAND ${TAVISK_PYTHON} ${CMAKE_SOURCE_DIR}/tools/checkLayers.py ${CMAKE_SOURCE_DIR}/src
+          --program $<TARGET_FILE:tavisk_command>)
+add_test(NAME tools.checkLayers
+  COMMAND ${TAVISK_PYTHON} ${CMAKE_CURRENT_SOURCE_DIR}/tools/checkLayersTest.py)
+add_test(NAME documents.readme
+  COMMAND ${TAVISK_PYTHON} ${CMAKE_CURRENT_SOURCE_DIR}/tools/readmeTest.py
+          ${CMAKE_SOURCE_DIR}/README.md $<TARGET_FILE:tavisk_command>)
+
+add_subdirectory(browser)
+if(TAVISK_WINDOWS)
+  add_subdirectory(windows)
+  add_subdirectory(hosts)
+endif()
