@@ -197,4 +197,6 @@ with_configure() {
 
 begin=$SECONDS
 build_libraries
-rch) are in $prefix, built in $((SECONDS - begin)) s"
+touch "$prefix/complete"
+rm -rf "$work"
+echo "Libraries for Windows ($arch) are in $prefix, built in $((SECONDS - begin)) s"
