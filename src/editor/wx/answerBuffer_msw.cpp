@@ -2,11 +2,12 @@
 #include <array>
 #include <limits>
 #include <utility>
-#include <windows.h>
-#include <wx/msw/private/comptr.h>
 #include <wx/textctrl.h>
 
 #include "editor/wx/answerBuffer.h"
+// after those of wxWidgets
+#include <wx/msw/private/comptr.h>
+#include <wx/msw/wrapwin.h>
 // after windows.h
 #include <commctrl.h>
 #include <richedit.h>

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <unordered_set>
 #include <utility>
+#include <wx/dcclient.h>
 #include <wx/renderer.h>
 
 #include "document/helpNames.h"

@@ -56,7 +56,7 @@ PictureBox::PictureBox(wxWindow* parent)
 
 void PictureBox::show(std::string_view bytes) {
     image_ = read(bytes);
-    scaled_ = {};
+    scaled_ = wxBitmap();
     Refresh();
 }
 

@@ -1,10 +1,10 @@
 #include <array>
 #include <utility>
-#include <windows.h>
-#include <wx/msw/ole/activex.h>
 #include <wx/webview.h>
 
 #include "render/wx/browserPolicy.h"
+// after those of wxWidgets
+#include <wx/msw/ole/activex.h>
 // after windows.h
 #include <exdisp.h>
 #include <exdispid.h>

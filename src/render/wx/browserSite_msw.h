@@ -1,8 +1,11 @@
 // The place where the browser control is embedded: what it may do with a page is asked here.
 #pragma once
 
-#include <windows.h>
+#include <wx/defs.h>
+// after that
+#include <wx/debug.h>
 #include <wx/msw/private/comptr.h>
+#include <wx/msw/wrapwin.h>
 // after windows.h
 #include <exdisp.h>
 #include <oleidl.h>
