@@ -26,6 +26,8 @@ foreach(kind EXE SHARED MODULE)
   set(CMAKE_${kind}_LINKER_FLAGS_INIT "${links}")
   set(CMAKE_${kind}_LINKER_FLAGS_RELEASE_INIT "-s")
 endforeach()
+# No more room for depth than in most hosts.
+string(APPEND CMAKE_EXE_LINKER_FLAGS_INIT " -Wl,--stack,1048576")
 
 # Tests run under Wine, in a prefix of this build's own.
 set(CMAKE_CROSSCOMPILING_EMULATOR ${TAVISK_SOURCE}/tools/windows/wine.sh ${CMAKE_BINARY_DIR})

@@ -41,20 +41,6 @@ void writeOutputFile(Files& files, const std::string& path, const Produce& produ
     files.replaceBy(textOf(target), produce);
 }
 
-std::string absoluteFolder(const std::string& folder) {
-    std::error_code error;
-    const fs::path whole = fs::absolute(pathOf(folder), error);
-    if (error) throw FileError(ErrorNumber::pathNotFound, folder);
-    fs::path plain = whole.root_path();
-    for (const fs::path& step : whole.relative_path()) {
-        // ".." stays: what it means behind a link only the file system knows.
-        if (!step.empty() && step != ".") plain /= step;
-    }
-    // The root alone would end in a separator.
-    if (plain == whole.root_path()) plain /= ".";
-    return textOf(plain);
-}
-
 void createFolders(Files& files, const std::string& folder) {
     if (files.folderExists(folder)) return;
     const fs::path above = pathOf(folder).parent_path();

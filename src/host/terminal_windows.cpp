@@ -4,8 +4,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <memory>
-#include <shellapi.h>
-#include <windows.h>
+#include <shlobj.h>
 
 #include "platform/wideText_windows.h"
 

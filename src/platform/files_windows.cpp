@@ -9,6 +9,9 @@
 namespace tavisk::fileSystem {
 namespace {
 
+/// The compiler's headers lack it.
+constexpr DWORD diskQuotaExceeded = 1295;
+
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 ErrorNumber numberOf(DWORD error) {
@@ -28,7 +31,7 @@ ErrorNumber numberOf(DWORD error) {
         case ERROR_ALREADY_EXISTS: return ErrorNumber::permissionDenied;
         case ERROR_DISK_FULL:
         case ERROR_HANDLE_DISK_FULL:
-        case ERROR_DISK_QUOTA_EXCEEDED:
+        case diskQuotaExceeded:
         case ERROR_FILE_TOO_LARGE: return ErrorNumber::diskFull;
         case ERROR_INVALID_NAME:
         case ERROR_BAD_PATHNAME:
@@ -37,6 +40,15 @@ ErrorNumber numberOf(DWORD error) {
         case ERROR_NOT_ENOUGH_MEMORY:
         case ERROR_OUTOFMEMORY: throw std::bad_alloc();
         default: return ErrorNumber::deviceError;
+    }
+}
+
+/// None for what can be no name.
+std::optional<std::wstring> nameOf(const std::string& path) {
+    try {
+        return widePath(path);
+    } catch (const RunTimeError&) {
+        return std::nullopt;
     }
 }
 
@@ -69,8 +81,10 @@ std::string_view separators() noexcept { return "/\\"; }
 unsigned long processNumber() noexcept { return ::GetCurrentProcessId(); }
 
 std::variant<Status, ErrorNumber> statusOf(const std::string& path) {
-    const HANDLE file = ::CreateFileW(widePath(path).c_str(), FILE_READ_ATTRIBUTES, shareAll,
-                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    const std::optional<std::wstring> name = nameOf(path);
+    if (!name) return ErrorNumber::badFileName;
+    const HANDLE file = ::CreateFileW(name->c_str(), FILE_READ_ATTRIBUTES, shareAll, nullptr,
+                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (file == INVALID_HANDLE_VALUE) return numberOf(::GetLastError());
     BY_HANDLE_FILE_INFORMATION found{};
     Status status;
@@ -125,13 +139,18 @@ void OpenFile::close() {
 std::variant<OpenFile, ErrorNumber> openFile(const std::string& path, Access access) {
     const DWORD wanted = access == Access::read ? GENERIC_READ : GENERIC_WRITE;
     const DWORD existing = access == Access::create ? CREATE_NEW : OPEN_EXISTING;
-    const HANDLE file = ::CreateFileW(widePath(path).c_str(), wanted, shareAll, nullptr, existing,
+    const std::optional<std::wstring> name = nameOf(path);
+    if (!name) return ErrorNumber::badFileName;
+    const HANDLE file = ::CreateFileW(name->c_str(), wanted, shareAll, nullptr, existing,
                                       FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return numberOf(::GetLastError());
     return OpenFile(reinterpret_cast<std::intptr_t>(file));
 }
 
 void checkWritable(const std::string& path) {
+    const DWORD attributes = ::GetFileAttributesW(widePath(path).c_str());
+    const bool known = attributes != INVALID_FILE_ATTRIBUTES;
+    if (known && (attributes & FILE_ATTRIBUTE_READONLY) != 0) raise(ErrorNumber::permissionDenied);
     const auto opened = openFile(path, Access::write);
     if (const ErrorNumber* error = std::get_if<ErrorNumber>(&opened)) raise(*error);
 }

@@ -1,5 +1,6 @@
 #include "platform/wideText_windows.h"
 
+#include <algorithm>
 #include <windows.h>
 
 #include "platform/error.h"
@@ -11,16 +12,17 @@ namespace {
 /// From here on some functions refuse a path; creating a folder is the first.
 constexpr std::size_t longPath = MAX_PATH - 12;
 
-/// Absolute, with the system's own separators and without "." and "..".
-std::wstring fullPath(const std::wstring& path) {
-    std::wstring full;
-    DWORD size = ::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
-    while (size > full.size()) {
-        full.resize(size);
-        size = ::GetFullPathNameW(path.c_str(), size, full.data(), nullptr);
+/// No file system has longer ones.
+constexpr std::size_t longestName = 255;
+
+bool hasTooLongName(std::wstring_view path) {
+    while (path.size() > longestName) {
+        const std::size_t end = path.find_first_of(L"/\\");
+        if (std::min(end, path.size()) > longestName) return true;
+        if (end == std::wstring_view::npos) return false;
+        path.remove_prefix(end + 1);
     }
-    full.resize(size);
-    return full;
+    return false;
 }
 
 }  // namespace
@@ -41,8 +43,20 @@ std::string narrow(std::wstring_view utf16) {
     return text;
 }
 
+std::wstring fullPath(const std::wstring& path) {
+    std::wstring full;
+    DWORD size = ::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+    while (size > full.size()) {
+        full.resize(size);
+        size = ::GetFullPathNameW(path.c_str(), size, full.data(), nullptr);
+    }
+    full.resize(size);
+    return full;
+}
+
 std::wstring widePath(std::string_view utf8) {
     std::wstring path = wide(utf8);
+    if (hasTooLongName(path)) raise(ErrorNumber::badFileName);
     if (path.size() < longPath || path.starts_with(LR"(\\?\)") || path.starts_with(LR"(\\.\)")) {
         return path;
     }

@@ -12,8 +12,11 @@ std::wstring wide(std::string_view utf8);
 /// A lone surrogate becomes U+FFFD.
 std::string narrow(std::wstring_view utf16);
 
+/// Absolute, with "\\" between folders and without "." and "..". Empty for what is no path.
+std::wstring fullPath(const std::wstring& path);
+
 /// What the system takes for the path: one too long for its older rules says that it goes by the
-/// newer ones.
+/// newer ones. Error 52 for what can be no name on any disk.
 std::wstring widePath(std::string_view utf8);
 
 }  // namespace tavisk

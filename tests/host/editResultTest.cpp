@@ -1,6 +1,5 @@
 #include "host/editResult.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 
 #include "host/commandRun.h"
@@ -36,9 +35,7 @@ TEST(EditResult, AFileHasManyNames) {
     const test::TemporaryFolder folder;
     const std::string file = folder.write("a.xml", "");
     const std::string other = folder.write("b.xml", "");
-    std::filesystem::create_symlink("a.xml", folder.path("link"));
     EXPECT_TRUE(isSameFile(file, folder.path("./a.xml")));
-    EXPECT_TRUE(isSameFile(file, folder.path("link")));
     EXPECT_FALSE(isSameFile(file, other));
     EXPECT_FALSE(isSameFile(file, folder.path("none")));
 }

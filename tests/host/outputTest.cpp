@@ -8,6 +8,7 @@
 
 #include "host/commandRun.h"
 #include "host/fileError.h"
+#include "platform/paths.h"
 #include "support/errors.h"
 #include "support/memoryFiles.h"
 
@@ -50,44 +51,10 @@ TEST(Output, ReplacesTheFile) {
     EXPECT_EQ(folder.read("a.xml"), "new");
 }
 
-TEST(Output, ReplacesTheFileBehindALink) {
-    const test::TemporaryFolder folder;
-    folder.write("real.xml", "old");
-    fs::create_symlink("real.xml", folder.path("link.xml"));
-    DiskFiles files;
-    writeOutputFile(files, folder.path("link.xml"), fresh);
-    EXPECT_EQ(folder.read("real.xml"), "new");
-    EXPECT_TRUE(fs::is_symlink(folder.path("link.xml")));
-}
-
-TEST(Output, WritesIntoADeviceAndLeavesItOne) {
-    DiskFiles files;
-    EXPECT_EQ(test::errorOf([&] { writeOutputFile(files, "/dev/null", fresh); }), 0);
-    EXPECT_TRUE(fs::is_character_file("/dev/null"));
-}
-
-TEST(Output, FolderFromTheRootStaysAsItIs) { EXPECT_EQ(absoluteFolder("/a/b"), "/a/b"); }
-
 TEST(Output, FolderFromHereGetsTheWorkingFolderInFront) {
-    EXPECT_EQ(absoluteFolder("a/b"), (fs::current_path() / "a/b").string());
-    EXPECT_EQ(absoluteFolder("."), fs::current_path().string());
+    EXPECT_EQ(absoluteFolder("a/b"), textOf(fs::current_path() / "a/b"));
+    EXPECT_EQ(absoluteFolder("."), textOf(fs::current_path()));
 }
-
-TEST(Output, FolderHasNoSeparatorAtItsEndAndNoIdleSteps) {
-    EXPECT_EQ(absoluteFolder("/a/b/"), "/a/b");
-    EXPECT_EQ(absoluteFolder("/a//./b/."), "/a/b");
-}
-
-TEST(Output, FolderKeepsStepsUpwards) { EXPECT_EQ(absoluteFolder("/a/../b"), "/a/../b"); }
-
-TEST(Output, FolderKeepsLinks) {
-    const test::TemporaryFolder folder;
-    fs::create_directory(folder.path("real"));
-    fs::create_directory_symlink("real", folder.path("link"));
-    EXPECT_EQ(absoluteFolder(folder.path("link")), folder.path("link"));
-}
-
-TEST(Output, RootFolderHasNoSeparatorAtItsEnd) { EXPECT_EQ(absoluteFolder("/"), "/."); }
 
 TEST(Output, CreatesEveryMissingLevel) {
     test::MemoryFiles files;

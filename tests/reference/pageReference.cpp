@@ -69,7 +69,7 @@ std::optional<std::string> bytesOfBase64(const std::u16string& text) {
         while (padding < 2 && group[3 - padding] == u'=')
             ++padding;
         if (padding != 0 && at + 4 != packed.size()) return std::nullopt;
-        unsigned long bits = 0;
+        std::size_t bits = 0;
         for (std::size_t i = 0; i < 4; ++i) {
             std::size_t digit = 0;
             if (i < 4 - padding) {

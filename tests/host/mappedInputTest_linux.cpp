@@ -1,11 +1,11 @@
-#include "host/mappedInput.h"
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
+
+#include "host/mappedInput.h"
 
 namespace tavisk {
 namespace {

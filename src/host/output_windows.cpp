@@ -1,0 +1,20 @@
+#include "host/output.h"
+
+#include "host/fileError.h"
+#include "platform/paths.h"
+#include "platform/wideText_windows.h"
+
+namespace tavisk {
+
+std::string absoluteFolder(const std::string& folder) {
+    const std::wstring whole = fullPath(wide(folder));
+    if (whole.empty()) throw FileError(ErrorNumber::pathNotFound, folder);
+    std::string plain = textOf(whole);
+    while (plain.size() > 1 && plain.back() == '/')
+        plain.pop_back();
+    // The root alone would end in a separator.
+    if (plain.back() == ':') plain += "/.";
+    return plain;
+}
+
+}  // namespace tavisk

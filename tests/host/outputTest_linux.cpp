@@ -1,0 +1,51 @@
+// Paths from the root, links and devices.
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "host/output.h"
+#include "support/errors.h"
+#include "support/temporaryFolder.h"
+
+namespace tavisk {
+namespace {
+
+namespace fs = std::filesystem;
+
+void fresh(const Files::Write& write) { write("new"); }
+
+TEST(Output, ReplacesTheFileBehindALink) {
+    const test::TemporaryFolder folder;
+    folder.write("real.xml", "old");
+    fs::create_symlink("real.xml", folder.path("link.xml"));
+    DiskFiles files;
+    writeOutputFile(files, folder.path("link.xml"), fresh);
+    EXPECT_EQ(folder.read("real.xml"), "new");
+    EXPECT_TRUE(fs::is_symlink(folder.path("link.xml")));
+}
+
+TEST(Output, WritesIntoADeviceAndLeavesItOne) {
+    DiskFiles files;
+    EXPECT_EQ(test::errorOf([&] { writeOutputFile(files, "/dev/null", fresh); }), 0);
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(Output, FolderFromTheRootStaysAsItIs) { EXPECT_EQ(absoluteFolder("/a/b"), "/a/b"); }
+
+TEST(Output, FolderHasNoSeparatorAtItsEndAndNoIdleSteps) {
+    EXPECT_EQ(absoluteFolder("/a/b/"), "/a/b");
+    EXPECT_EQ(absoluteFolder("/a//./b/."), "/a/b");
+}
+
+TEST(Output, FolderKeepsStepsUpwards) { EXPECT_EQ(absoluteFolder("/a/../b"), "/a/../b"); }
+
+TEST(Output, FolderKeepsLinks) {
+    const test::TemporaryFolder folder;
+    fs::create_directory(folder.path("real"));
+    fs::create_directory_symlink("real", folder.path("link"));
+    EXPECT_EQ(absoluteFolder(folder.path("link")), folder.path("link"));
+}
+
+TEST(Output, RootFolderHasNoSeparatorAtItsEnd) { EXPECT_EQ(absoluteFolder("/"), "/."); }
+
+}  // namespace
+}  // namespace tavisk
