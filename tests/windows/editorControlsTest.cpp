@@ -19,7 +19,7 @@ namespace tavisk {
 namespace {
 
 using test::accessibleName;
-using test::focusWidget;
+using test::focusedName;
 
 struct Row {
     const char* name;
@@ -134,9 +134,7 @@ struct EditorControlsTest : testing::Test {
         return utf8Of(editor.find(name)->GetToolTipText());
     }
     /// What is told when the control has the focus.
-    std::string told(const std::string& name) const {
-        return accessibleName(focusWidget(*editor.find(name)));
-    }
+    std::string told(const std::string& name) const { return focusedName(*editor.find(name)); }
 };
 
 TEST_F(EditorControlsTest, WindowHasItsCaption) {
@@ -367,18 +365,7 @@ TEST_F(EditorControlsTest, RemoveFormulaSaysWhereFormulasAreRemoved) {
 
 TEST_F(EditorControlsTest, ToolbarButtonsAreToldByTheirToolTips) {
     editor.show();
-    std::vector<std::string> told;
-    std::function<void(GtkWidget*)> collect = [&](GtkWidget* widget) {
-        if (GTK_IS_BUTTON(widget) && gtk_widget_get_mapped(widget))
-            told.push_back(accessibleName(widget));
-        if (!GTK_IS_CONTAINER(widget)) return;
-        GList* const children = gtk_container_get_children(GTK_CONTAINER(widget));
-        for (const GList* child = children; child; child = child->next)
-            collect(static_cast<GtkWidget*>(child->data));
-        g_list_free(children);
-    };
-    collect(controls.toolNodes->GetHandle());
-    EXPECT_EQ(told,
+    EXPECT_EQ(test::toolNames(*controls.toolNodes),
               (std::vector<std::string>{"New Child Node", "Delete", "Cut", "Copy", "Paste",
                                         "Move To Top", "Move To Bottom", "Move Up", "Move Down"}));
     EXPECT_EQ(accessibleName(*controls.toolNodes), "Commands for nodes");

@@ -1,7 +1,6 @@
 // The editor window by the keyboard: Tab order, mnemonics, default and cancel button.
 #include <cctype>
 #include <gtest/gtest.h>
-#include <gtk/gtk.h>
 #include <map>
 #include <set>
 #include <vector>
@@ -13,6 +12,7 @@
 #include <wx/uiaction.h>
 
 #include "windows/support/editorFrame.h"
+#include "windows/support/focus.h"
 
 namespace tavisk {
 namespace {
@@ -41,29 +41,12 @@ struct EditorKeysTest : testing::Test {
         window->SetFocus();
         ASSERT_TRUE(becomesFocus(window));
     }
-    /// The control that holds the native widget with the focus.
-    wxWindow* focusedControl() const {
-        GtkWidget* const focus = gtk_window_get_focus(GTK_WINDOW(editor.frame->GetHandle()));
-        wxWindow* found = nullptr;
-        for (wxWindow* window : editor.below(*editor.frame)) {
-            GtkWidget* const widget = window->GetHandle();
-            if (focus && (focus == widget || gtk_widget_is_ancestor(focus, widget))) found = window;
-        }
-        return found;
-    }
-    std::string focused() const {
-        const wxWindow* const window = focusedControl();
-        return window ? test::EditorFrame::name(*window) : "nothing";
-    }
+    std::string focused() const { return test::focusedControl(*editor.frame); }
     bool becomesFocus(const wxWindow* window) const {
-        return test::pumpUntil([&] { return focusedControl() == window; },
+        return test::pumpUntil([&] { return focused() == test::EditorFrame::name(*window); },
                                std::chrono::seconds(10));
     }
-    static bool isOpen(const wxChoice* list) {
-        gboolean shown = FALSE;
-        g_object_get(list->GetHandle(), "popup-shown", &shown, nullptr);
-        return shown;
-    }
+    static bool isOpen(const wxChoice* list) { return test::isOpen(*list); }
     bool isClicked(const std::string& name) {
         return test::pumpUntil([&] { return clicked == name; });
     }

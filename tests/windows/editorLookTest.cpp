@@ -1,89 +1,22 @@
-// How the editor window looks: nothing cut off at its smallest, long texts, colours, themes.
+// How the editor window looks: nothing cut off at its smallest, long texts, colours.
+#include "windows/support/editorLook.h"
+
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <gtest/gtest.h>
-#include <gtk/gtk.h>
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/display.h>
-#include <wx/scrolwin.h>
 #include <wx/splitter.h>
 #include <wx/stattext.h>
-#include <wx/toolbar.h>
 
 #include "windows/support/drawing.h"
-#include "windows/support/editorFrame.h"
 
 namespace tavisk {
 namespace {
 
-struct EditorLookTest : testing::Test {
-    test::EditorFrame editor;
-    EditorControls& controls = editor.controls;
-
-    /// Everything within the frames, and what is beside them.
-    std::vector<wxWindow*> placed() const {
-        std::vector<wxWindow*> windows = editor.below(*editor.frame);
-        std::erase_if(windows, [](const wxWindow* window) {
-            return window->GetParent()->IsTopLevel() || !window->IsShown();
-        });
-        return windows;
-    }
-
-    /// Names of the controls that stand out of what they are in; empty when all is well.
-    std::string outside() const {
-        std::string names;
-        for (const wxWindow* window : placed()) {
-            const wxSize room = window->GetParent()->GetVirtualSize();
-            if (!wxRect(room).Contains(window->GetRect())) names += editor.name(*window) + ' ';
-        }
-        return names;
-    }
-    /// Names of the controls whose captions have less room than they need.
-    std::string cutOff() const {
-        std::string names;
-        for (wxWindow* window : placed()) {
-            const bool captioned =
-                dynamic_cast<wxButton*>(window) || dynamic_cast<wxCheckBox*>(window);
-            const auto* const label = dynamic_cast<wxStaticText*>(window);
-            if (!captioned && (!label || label->HasFlag(wxST_NO_AUTORESIZE))) continue;
-            int least = 0;
-            gtk_widget_get_preferred_width(window->GetHandle(), &least, nullptr);
-            if (window->GetSize().x < least || window->GetSize().y < window->GetBestSize().y)
-                names += editor.name(*window) + ' ';
-        }
-        return names;
-    }
-    /// Pairs of neighbours that cover each other.
-    std::string overlapping() const {
-        std::string names;
-        for (const wxWindow* window : placed()) {
-            for (const wxWindow* other : window->GetParent()->GetChildren()) {
-                if (other == window) break;
-                if (other->IsShown() && window->GetRect().Intersects(other->GetRect()))
-                    names += editor.name(*window) + '/' + editor.name(*other) + ' ';
-            }
-        }
-        return names;
-    }
-    wxScrolledWindow* details() const {
-        return dynamic_cast<wxScrolledWindow*>(controls.fraEditor->GetParent());
-    }
-    bool scrolls() const { return details()->GetVirtualSize() != details()->GetClientSize(); }
-
-    void longCaptions() {
-        for (wxWindow* window : editor.below(*editor.frame)) {
-            if (!dynamic_cast<wxButton*>(window) && !dynamic_cast<wxCheckBox*>(window)) continue;
-            window->SetLabel(window->GetLabel() + "-Einstellungen");
-            window->SetMinSize(wxDefaultSize);
-        }
-        details()->SendSizeEvent();
-        controls.cmdOK->GetParent()->Layout();
-        test::pumpPending();
-    }
-};
+using test::EditorLookTest;
 
 TEST_F(EditorLookTest, NothingIsCutOffAt1024By700) {
     editor.show();
@@ -162,9 +95,7 @@ TEST_F(EditorLookTest, LongKeyIsElidedInTheMiddleWithAllOfItAsToolTip) {
     EXPECT_EQ(controls.lblCurrentField->GetLabelText(), longKey);
     EXPECT_EQ(controls.lblCurrentField->GetToolTipText(), longKey);
     EXPECT_EQ(controls.lblCurrentField->GetRect(), place);
-    GtkLabel* const label = GTK_LABEL(controls.lblCurrentField->GetHandle());
-    EXPECT_EQ(gtk_label_get_ellipsize(label), PANGO_ELLIPSIZE_MIDDLE);
-    EXPECT_TRUE(pango_layout_is_ellipsized(gtk_label_get_layout(label)));
+    EXPECT_TRUE(test::isElidedInTheMiddle(*controls.lblCurrentField));
     editor.frame->SendSizeEvent();
     EXPECT_EQ(controls.lblCurrentField->GetRect(), place);
 }
@@ -192,8 +123,7 @@ TEST_F(EditorLookTest, KeyIsGivenAToolTipWhenTheWindowGetsTooSmallForIt) {
 TEST_F(EditorLookTest, AmpersandsOfAKeyAreShown) {
     setFieldText(*controls.lblCurrentField, "cabinet=>A & B && C");
     EXPECT_EQ(controls.lblCurrentField->GetLabelText(), "cabinet=>A & B && C");
-    GtkLabel* const label = GTK_LABEL(controls.lblCurrentField->GetHandle());
-    EXPECT_STREQ(gtk_label_get_text(label), "cabinet=>A & B && C");
+    EXPECT_EQ(test::drawnText(*controls.lblCurrentField), "cabinet=>A & B && C");
 }
 
 TEST_F(EditorLookTest, LongValuesOfAttributesKeepTheLabelsInTheirPlaces) {
@@ -225,22 +155,16 @@ TEST_F(EditorLookTest, LongDescriptionIsWrappedAndPushesNothingApart) {
     EXPECT_EQ(controls.lblFormulaHelp->GetToolTipText(), text);
     EXPECT_EQ(controls.lblFormulaHelp->GetRect(), place);
     EXPECT_EQ(controls.fraEditor->GetRect(), frame);
-    PangoLayout* const layout =
-        gtk_label_get_layout(GTK_LABEL(controls.lblFormulaHelp->GetHandle()));
-    EXPECT_EQ(pango_layout_get_line_count(layout), 2);
-    int width = 0;
-    int height = 0;
-    pango_layout_get_pixel_size(layout, &width, &height);
-    EXPECT_LE(width, place.width);
-    EXPECT_LE(height, place.height);
+    const test::Wrapped seen = test::wrapped(*controls.lblFormulaHelp);
+    EXPECT_EQ(seen.lines, 2);
+    EXPECT_LE(seen.size.x, place.width);
+    EXPECT_LE(seen.size.y, place.height);
 }
 
 TEST_F(EditorLookTest, WholeInitialDescriptionIsSeen) {
     editor.show();
     editor.resize(1024, 700);
-    PangoLayout* const layout =
-        gtk_label_get_layout(GTK_LABEL(controls.lblFormulaHelp->GetHandle()));
-    EXPECT_FALSE(pango_layout_is_ellipsized(layout));
+    EXPECT_FALSE(test::wrapped(*controls.lblFormulaHelp).cut);
 }
 
 TEST_F(EditorLookTest, LongNamesKeepTheListsInTheirPlaces) {
@@ -252,11 +176,7 @@ TEST_F(EditorLookTest, LongNamesKeepTheListsInTheirPlaces) {
         editor.frame->SendSizeEvent();
         test::pumpPending();
         EXPECT_EQ(list->GetRect(), place) << editor.name(*list);
-        GList* const cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(list->GetHandle()));
-        PangoEllipsizeMode mode = PANGO_ELLIPSIZE_NONE;
-        g_object_get(cells->data, "ellipsize", &mode, nullptr);
-        EXPECT_EQ(mode, PANGO_ELLIPSIZE_MIDDLE);
-        g_list_free(cells);
+        EXPECT_TRUE(test::elidesLongNames(*list)) << editor.name(*list);
     }
 }
 
@@ -270,49 +190,8 @@ TEST_F(EditorLookTest, StyleBoxesAreDrawnInTheStyleThatTheySet) {
         EXPECT_EQ(i.GetStyle(), wxFONTSTYLE_ITALIC);
         wxCheckBox& u = *controls.chkStyle[bold * 4];
         EXPECT_TRUE(u.GetFont().GetUnderlined());
-        // The font alone does not underline a caption here.
-        GtkWidget* const caption = gtk_bin_get_child(GTK_BIN(u.GetHandle()));
-        PangoAttrIterator* const at =
-            pango_attr_list_get_iterator(gtk_label_get_attributes(GTK_LABEL(caption)));
-        const auto* const line =
-            reinterpret_cast<PangoAttrInt*>(pango_attr_iterator_get(at, PANGO_ATTR_UNDERLINE));
-        EXPECT_TRUE(line && line->value == PANGO_UNDERLINE_SINGLE);
-        pango_attr_iterator_destroy(at);
+        EXPECT_TRUE(test::isDrawnUnderlined(u));
     }
-}
-
-/// Letters of one and a half times the usual size, for windows opened from now on.
-struct LargeLetters {
-    LargeLetters() {
-        g_object_get(settings, "gtk-xft-dpi", &before, nullptr);
-        g_object_set(settings, "gtk-xft-dpi", 144 * 1024, nullptr);
-    }
-    LargeLetters(const LargeLetters&) = delete;
-    LargeLetters& operator=(const LargeLetters&) = delete;
-    ~LargeLetters() { g_object_set(settings, "gtk-xft-dpi", before, nullptr); }
-
-    GtkSettings* settings = gtk_settings_get_default();
-    int before = 0;
-};
-
-struct EditorLargeLettersTest : LargeLetters, EditorLookTest {};
-
-TEST_F(EditorLargeLettersTest, WindowOpensAsLargeAsTheyNeed) {
-    editor.show();
-    if (wxDisplay(editor.frame).GetClientArea().width < 1600) GTEST_SKIP() << "a small screen";
-    EXPECT_GE(controls.Label3->GetCharHeight(), 24);
-    EXPECT_GT(editor.frame->GetSize().x, 1200);
-    EXPECT_EQ(cutOff(), "");
-    EXPECT_EQ(outside(), "");
-    EXPECT_FALSE(scrolls());
-}
-
-TEST_F(EditorLargeLettersTest, SmallWindowScrolls) {
-    editor.show();
-    editor.resize(1024, 700);
-    EXPECT_EQ(cutOff(), "");
-    EXPECT_EQ(outside(), "");
-    EXPECT_TRUE(scrolls());
 }
 
 /// Contrast of two colours as the eye sees it, from 1 to 21.
@@ -355,44 +234,6 @@ TEST_F(EditorLookTest, ColourLabelsAreDrawnSo) {
     const wxImage image = test::imageOf(*controls.lblColor[0]);
     EXPECT_FALSE(test::placeOf(image, *wxBLACK).IsEmpty());
     EXPECT_FALSE(test::placeOf(image, wxColour(255, 255, 0)).IsEmpty());
-}
-
-struct ThemeName {
-    explicit ThemeName(const char* name) {
-        g_object_get(settings, "gtk-theme-name", &before, nullptr);
-        g_object_set(settings, "gtk-theme-name", name, nullptr);
-    }
-    ThemeName(const ThemeName&) = delete;
-    ThemeName& operator=(const ThemeName&) = delete;
-    ~ThemeName() {
-        g_object_set(settings, "gtk-theme-name", before, nullptr);
-        g_free(before);
-        test::pumpPending();
-    }
-    GtkSettings* settings = gtk_settings_get_default();
-    char* before = nullptr;
-};
-
-/// Colour of a toolbar button's picture.
-wxColour inkOf(const wxToolBar& toolbar) {
-    const wxImage image =
-        toolbar.GetToolByPos(0)->GetNormalBitmapBundle().GetBitmap(wxSize(24, 24)).ConvertToImage();
-    for (int y = 0; y < 24; ++y) {
-        for (int x = 0; x < 24; ++x) {
-            if (image.GetAlpha(x, y) == 255)
-                return {image.GetRed(x, y), image.GetGreen(x, y), image.GetBlue(x, y)};
-        }
-    }
-    return {};
-}
-
-TEST_F(EditorLookTest, IconsFollowTheThemeWhileTheWindowIsOpen) {
-    if (std::getenv("GTK_THEME")) GTEST_SKIP() << "the theme is fixed for this process";
-    editor.show();
-    EXPECT_LT(inkOf(*controls.toolNodes).GetLuminance(), 0.4);
-    const ThemeName dark("Adwaita-dark");
-    EXPECT_TRUE(
-        test::pumpUntil([this] { return inkOf(*controls.toolNodes).GetLuminance() > 0.7; }));
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ constexpr const char* lists =
     R"(<formula name="x&lt;y" standard="1"/>)";
 
 struct FrmMainAnswer : testing::Test {
-    test::GtkComplaints complaints;
+    test::ToolkitComplaints complaints;
 };
 
 AnswerBox& box(EditorWindow& editor) { return *editor.controls().txtValue; }

@@ -24,7 +24,7 @@ constexpr int above = 0;
 constexpr int below = 1;
 
 struct FrmMainFormatting : testing::Test {
-    test::GtkComplaints complaints;
+    test::ToolkitComplaints complaints;
 };
 
 void changeFont(EditorWindow& editor, int index) {

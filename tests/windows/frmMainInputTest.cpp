@@ -19,7 +19,7 @@ constexpr const char* twoNodesTree = R"(<cabinet><a value="ab"/><b/></cabinet>)"
 constexpr const char* picture = R"(<image name="pic"/>)";
 
 struct FrmMainInput : testing::Test {
-    test::GtkComplaints complaints;
+    test::ToolkitComplaints complaints;
 };
 
 /// What Cancel and the window's close button ask.

@@ -264,7 +264,7 @@ TEST(FrmMainLifeCycle, AnOverlongTextMakesSavingFailAndTheWindowStays) {
 }
 
 TEST(FrmMainLifeCycle, RowsThatSavingTakesOutDoNoHarm) {
-    const test::GtkComplaints complaints;
+    const test::ToolkitComplaints complaints;
     for (const char* start : {"cabinet=>a", "cabinet=>formula", "cabinet=>formula=>x"}) {
         EditorWindow editor("<formula name='f'><x/></formula><a>" + std::string(generatedPicture) +
                             "<formula/></a><b/>");

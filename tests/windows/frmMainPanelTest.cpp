@@ -92,7 +92,7 @@ Names captions(const EditorControls& controls) {
 bool canType(const EditorControls& controls) { return controls.txtValue->IsEnabled(); }
 
 struct FrmMainPanel : testing::Test {
-    test::GtkComplaints complaints;
+    test::ToolkitComplaints complaints;
 };
 
 TEST_F(FrmMainPanel, BeforeTheFirstSelectionTheCaptionsAreThoseOfTheForm) {

@@ -452,7 +452,7 @@ TEST(FrmMainRandom, WindowAndDocumentAgreeAfterEveryStepOfARandomSession) {
     const auto steps =
         static_cast<int>(reference::numberFromEnvironment("TAVISK_RANDOM_STEPS", 2000));
     std::cout << "TAVISK_SEED=" << seed << " TAVISK_RANDOM_STEPS=" << steps << '\n';
-    const test::GtkComplaints complaints;
+    const test::ToolkitComplaints complaints;
     RandomSession session(seed);
     session.run(steps);
     if (steps < 2000) return;

@@ -1,59 +1,20 @@
 // The preview window as a window: sizes, keys, closing, modality, and what it leaves behind.
-#include <csignal>
-#include <cstdlib>
-#include <stdexcept>
 #include <wx/button.h>
 #include <wx/display.h>
 #include <wx/frame.h>
-#include <wx/stattext.h>
 #include <wx/timer.h>
 
-#include "windows/support/previewWindow.h"
+#include "windows/support/whileModal.h"
 
 namespace tavisk {
 namespace {
 
-using test::linkAt;
 using test::PageFolder;
-using test::pageProcesses;
 using test::PreviewWindow;
 using test::pumpUntil;
+using test::shownPreview;
 using test::shownText;
-
-frmPreview* shownPreview() {
-    return dynamic_cast<frmPreview*>(wxWindow::FindWindowByName("frmPreview"));
-}
-
-int thePageProcess() {
-    if (!pumpUntil([] { return pageProcesses().size() == 1; }))
-        throw std::runtime_error("not one process for one page");
-    return pageProcesses().front();
-}
-
-using Action = std::function<void(frmPreview&)>;
-
-void closeByCode(frmPreview& window) { window.Close(); }
-
-/// Runs while a window is modal, after its page has been loaded. `close` comes last and does not
-/// wait, so that the modal loop itself handles what it does.
-class WhileModal {
-public:
-    explicit WhileModal(Action body, Action close = closeByCode) {
-        timer_.Bind(wxEVT_TIMER, [this, body = std::move(body),
-                                  close = std::move(close)](wxTimerEvent&) {
-            frmPreview* const window = shownPreview();
-            ran_ = window && pumpUntil([&] { return window->pageLoaded() && window->IsActive(); });
-            if (ran_) body(*window);
-            if (window) close(*window);
-        });
-        timer_.StartOnce(1);
-    }
-    bool ran() const { return ran_; }
-
-private:
-    wxTimer timer_;
-    bool ran_ = false;
-};
+using test::WhileModal;
 
 void pressEscape(frmPreview&) { wxUIActionSimulator().Char(WXK_ESCAPE); }
 
@@ -120,16 +81,6 @@ TEST(FrmPreviewWindow, EscapeClosesItFromInsideAField) {
     preview.openBody("<input autofocus>");
     preview.press(WXK_ESCAPE);
     EXPECT_TRUE(pumpUntil([&] { return !preview.window->IsShown(); }));
-}
-
-TEST(FrmPreviewWindow, EscapeClosesItWhileThePageIsBusy) {
-    PreviewWindow preview;
-    preview.openBody("page");
-    const int busy = thePageProcess();
-    kill(busy, SIGSTOP);
-    preview.press(WXK_ESCAPE);
-    EXPECT_TRUE(pumpUntil([&] { return !preview.window->IsShown(); }));
-    kill(busy, SIGCONT);
 }
 
 TEST(FrmPreviewWindow, KeysZoom) {
@@ -207,15 +158,6 @@ TEST(FrmPreviewWindow, WindowBelowTakesNoInputMeanwhile) {
     EXPECT_TRUE(pumpUntil([&] { return pressed == 1; }));
 }
 
-TEST(FrmPreviewWindow, LeavesNoPageProcessBehind) {
-    const PageFolder pages;
-    const std::string page = pages.write("temp.html", "<html><body>page</body></html>");
-    WhileModal modal([](frmPreview&) { EXPECT_EQ(pageProcesses().size(), 1U); });
-    showPreview(nullptr, page);
-    ASSERT_TRUE(modal.ran());
-    EXPECT_TRUE(pumpUntil([] { return pageProcesses().empty(); }));
-}
-
 TEST(FrmPreviewWindow, CanBeClosedBeforeThePageIsThere) {
     const PageFolder pages;
     const std::string page = pages.write("temp.html", "<html><body>page</body></html>");
@@ -224,33 +166,6 @@ TEST(FrmPreviewWindow, CanBeClosedBeforeThePageIsThere) {
     timer.StartOnce(1);
     showPreview(nullptr, page);
     EXPECT_EQ(shownPreview(), nullptr);
-    EXPECT_TRUE(pumpUntil([] { return pageProcesses().empty(); }));
-}
-
-TEST(FrmPreviewWindow, SaysSoWhenTheEngineEnds) {
-    PreviewWindow preview;
-    preview.openBody("page");
-    kill(thePageProcess(), SIGKILL);
-    ASSERT_TRUE(pumpUntil([&] { return preview.window->lblEnded != nullptr; }));
-    EXPECT_EQ(preview.window->lblEnded->GetLabel(),
-              "The page can no longer be shown, because the browser engine has ended.\n"
-              "Close this window and preview again.");
-    EXPECT_EQ(preview.window->lblEnded->GetSize(), preview.window->GetClientSize());
-    EXPECT_FALSE(preview.browser().IsShown());
-    EXPECT_FALSE(preview.window->pageLoaded());
-    preview.press(WXK_ESCAPE);
-    EXPECT_TRUE(pumpUntil([&] { return !preview.window->IsShown(); }));
-}
-
-TEST(FrmPreviewWindow, LeavesTheSignalsForUsersAlone) {
-    PreviewWindow preview;
-    preview.openBody("page");
-    for (const int number : {SIGUSR1, SIGUSR2}) {
-        struct sigaction action {};
-        ASSERT_EQ(sigaction(number, nullptr, &action), 0);
-        EXPECT_EQ(action.sa_handler, SIG_DFL) << number;
-    }
-    EXPECT_EQ(std::getenv("JSC_SIGNAL_FOR_GC"), nullptr);
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ public:
 
     void scrollToTop();
 
-    /// What of the text can be seen.
+    /// What of the text can be seen, and perhaps some more.
     TextRange visible() const;
 
 private:

@@ -149,6 +149,18 @@ struct AnswerBuffer::Native {
         gtk_text_buffer_get_iter_at_offset(buffer, &end, static_cast<int>(to));
     }
 
+    /// What stands there. The toolkit remembers the layout of one line only, which is the line
+    /// where somebody types; so a line of ordinary length is taken whole, which needs none.
+    TextRange edge(int x, int y) const {
+        constexpr int ordinary = 1000;
+        GtkTextIter start;
+        gtk_text_view_get_line_at_y(view, &start, y, nullptr);
+        const int length = gtk_text_iter_get_chars_in_line(&start);
+        if (length <= ordinary) return {offset(&start), offset(&start) + std::size_t(length)};
+        gtk_text_view_get_iter_at_location(view, &start, x, y);
+        return {offset(&start), offset(&start)};
+    }
+
     static void onInsert(GtkTextBuffer*, GtkTextIter* at, char*, int, Native* self) {
         self->touch(offset(at), offset(at));
     }
@@ -229,12 +241,8 @@ void AnswerBuffer::scrollToTop() {
 TextRange AnswerBuffer::visible() const {
     GdkRectangle seen;
     gtk_text_view_get_visible_rect(native_->view, &seen);
-    GtkTextIter from;
-    GtkTextIter to;
-    gtk_text_view_get_iter_at_location(native_->view, &from, seen.x, seen.y);
-    gtk_text_view_get_iter_at_location(native_->view, &to, seen.x + seen.width,
-                                       seen.y + seen.height);
-    return {offset(&from), offset(&to)};
+    return {native_->edge(seen.x, seen.y).from,
+            native_->edge(seen.x + seen.width, seen.y + seen.height).to};
 }
 
 }  // namespace tavisk

@@ -6,16 +6,18 @@
 
 #include "editor/wx/answerBuffer.h"
 // after those of wxWidgets
-#include <wx/msw/private/comptr.h>
 #include <wx/msw/wrapwin.h>
 // after windows.h
 #include <commctrl.h>
 #include <richedit.h>
 #include <richole.h>
 #include <tom.h>
+#include <wrl/client.h>
 
 namespace tavisk {
 namespace {
+
+using Microsoft::WRL::ComPtr;
 
 constexpr Colour paper = 0xFFFFFF;
 constexpr Colour disabledPaper = 0xEBEBEB;
@@ -53,10 +55,11 @@ struct AnswerBuffer::Native {
         : box(textBox),
           window(static_cast<HWND>(textBox.GetHandle())),
           drawing(std::move(whenDrawing)) {
-        wxCOMPtr<IRichEditOle> control;
-        send(EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(&control));
+        ComPtr<IRichEditOle> control;
+        send(EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(control.GetAddressOf()));
         if (control)
-            control->QueryInterface(__uuidof(ITextDocument), reinterpret_cast<void**>(&document));
+            control->QueryInterface(__uuidof(ITextDocument),
+                                    reinterpret_cast<void**>(document.GetAddressOf()));
         // What is pasted would bring its look along, and what is dropped also pictures and files.
         box.Bind(wxEVT_TEXT_PASTE, &Native::onPaste, this);
         RevokeDragDrop(window);
@@ -177,10 +180,11 @@ struct AnswerBuffer::Native {
         send(EM_SETMODIFY, FALSE);
     }
     void colour(std::size_t from, std::size_t to, Colour colour) const {
-        wxCOMPtr<ITextRange> range;
-        wxCOMPtr<ITextFont> font;
-        if (FAILED(document->Range(static_cast<long>(from), static_cast<long>(to), &range)) ||
-            FAILED(range->GetFont(&font)))
+        ComPtr<ITextRange> range;
+        ComPtr<ITextFont> font;
+        if (FAILED(document->Range(static_cast<long>(from), static_cast<long>(to),
+                                   range.GetAddressOf())) ||
+            FAILED(range->GetFont(font.GetAddressOf())))
             return;
         font->SetForeColor(static_cast<long>(colour));
     }
@@ -197,7 +201,7 @@ struct AnswerBuffer::Native {
     wxTextCtrl& box;
     HWND window;
     std::function<void()> drawing;
-    wxCOMPtr<ITextDocument> document;
+    ComPtr<ITextDocument> document;
     UntouchedEnds untouched = everything;
     bool changed = false;  ///< since `untouched` was everything
 

@@ -9,6 +9,8 @@
 namespace tavisk {
 namespace {
 
+using Microsoft::WRL::ComPtr;
+
 /// Pictures of the page and nothing that runs.
 constexpr LONG pageMay = DLCTL_DLIMAGES | DLCTL_NO_SCRIPTS | DLCTL_NO_JAVA |
                          DLCTL_NO_DLACTIVEXCTLS | DLCTL_NO_RUNACTIVEXCTLS | DLCTL_NO_BEHAVIORS |
@@ -79,7 +81,8 @@ class Site final : public IOleClientSite,
                    public IServiceProvider {
 public:
     explicit Site(IOleClientSite* own) : own_(own) {
-        own_->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&ownProperties_));
+        own_->QueryInterface(IID_IDispatch,
+                             reinterpret_cast<void**>(ownProperties_.GetAddressOf()));
     }
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
@@ -184,8 +187,8 @@ public:
     STDMETHODIMP QueryService(REFGUID service, REFIID iid, void** object) override {
         *object = nullptr;
         if (service == IID_IInternetSecurityManager) return security_->QueryInterface(iid, object);
-        wxCOMPtr<IServiceProvider> others;
-        own_->QueryInterface(IID_IServiceProvider, reinterpret_cast<void**>(&others));
+        ComPtr<IServiceProvider> others;
+        own_->QueryInterface(IID_IServiceProvider, reinterpret_cast<void**>(others.GetAddressOf()));
         return others ? others->QueryService(service, iid, object) : E_NOINTERFACE;
     }
 
@@ -193,29 +196,29 @@ private:
     ~Site() { security_->Release(); }
 
     std::atomic<ULONG> references_{1};
-    wxCOMPtr<IOleClientSite> own_;
-    wxCOMPtr<IDispatch> ownProperties_;
+    ComPtr<IOleClientSite> own_;
+    ComPtr<IDispatch> ownProperties_;
     SecurityManager* security_ = new SecurityManager;
 };
 
 }  // namespace
 
 BrowserSite restrictBrowser(IWebBrowser2& browser, HWND parent) {
-    wxCOMPtr<IOleObject> object;
-    wxCOMPtr<IOleClientSite> own;
-    browser.QueryInterface(IID_IOleObject, reinterpret_cast<void**>(&object));
-    if (object) object->GetClientSite(&own);
+    ComPtr<IOleObject> object;
+    ComPtr<IOleClientSite> own;
+    browser.QueryInterface(IID_IOleObject, reinterpret_cast<void**>(object.GetAddressOf()));
+    if (object) object->GetClientSite(own.GetAddressOf());
     if (!own) return {};
     BrowserSite site;
-    *(&site) = new Site(own);
+    site.Attach(new Site(own.Get()));
     // An object takes another site while it is not active only.
-    wxCOMPtr<IOleInPlaceObject> place;
-    browser.QueryInterface(IID_IOleInPlaceObject, reinterpret_cast<void**>(&place));
+    ComPtr<IOleInPlaceObject> place;
+    browser.QueryInterface(IID_IOleInPlaceObject, reinterpret_cast<void**>(place.GetAddressOf()));
     if (place) place->InPlaceDeactivate();
-    object->SetClientSite(site);
+    object->SetClientSite(site.Get());
     RECT client;
     GetClientRect(parent, &client);
-    object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site, 0, parent, &client);
+    object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site.Get(), 0, parent, &client);
     return site;
 }
 

@@ -3,16 +3,15 @@
 
 #include <wx/defs.h>
 // after that
-#include <wx/debug.h>
-#include <wx/msw/private/comptr.h>
 #include <wx/msw/wrapwin.h>
 // after windows.h
 #include <exdisp.h>
 #include <oleidl.h>
+#include <wrl/client.h>
 
 namespace tavisk {
 
-using BrowserSite = wxCOMPtr<IOleClientSite>;
+using BrowserSite = Microsoft::WRL::ComPtr<IOleClientSite>;
 
 /// Puts a site of ours before the browser's own, to which it passes on all that it does not decide
 /// itself: no scripts, no programs in the page, no windows, no menu entries that leave it. `parent`

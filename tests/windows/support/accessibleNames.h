@@ -1,34 +1,22 @@
 // What a screen reader is told about a control.
 #pragma once
 
-#include <gtk/gtk.h>
 #include <string>
+#include <vector>
+#include <wx/toolbar.h>
 #include <wx/window.h>
-
-#include "windows/support/pump.h"
 
 namespace tavisk::test {
 
-/// Name of a widget's accessible object.
-inline std::string accessibleName(GtkWidget* widget) {
-    const char* const name = atk_object_get_name(gtk_widget_get_accessible(widget));
-    return name ? name : "";
-}
+/// Name of the control's own accessible object.
+std::string accessibleName(const wxWindow& control);
 
-inline std::string accessibleName(const wxWindow& control) {
-    return accessibleName(control.GetHandle());
-}
+/// Name of what has the focus when the control has it; "(no focus)" when it cannot have it.
+std::string focusedName(wxWindow& control);
 
-/// The widget that has the focus when the control has it.
-inline GtkWidget* focusWidget(wxWindow& control) {
-    GtkWindow* const window = GTK_WINDOW(gtk_widget_get_toplevel(control.GetHandle()));
-    control.SetFocus();
-    pumpUntil([&] {
-        GtkWidget* const focus = gtk_window_get_focus(window);
-        return focus &&
-               (focus == control.GetHandle() || gtk_widget_is_ancestor(focus, control.GetHandle()));
-    });
-    return gtk_window_get_focus(window);
-}
+/// Names of the buttons that are seen of a toolbar.
+std::vector<std::string> toolNames(const wxToolBar& toolbar);
+
+bool isToldAsPicture(const wxWindow& control);
 
 }  // namespace tavisk::test

@@ -9,15 +9,9 @@
 #include <wx/uiaction.h>
 
 #include "windows/support/editorWindow.h"
+#include "windows/support/focus.h"
 
 namespace tavisk::test {
-
-/// Name of the control in `window` that takes the keys. The toolkit's own answer leaves out lists
-/// that the Tab key led to.
-std::string focusedControl(const wxWindow& window);
-
-/// Whether another window of this process takes the keys: a dialog.
-bool dialogTakesKeys(const wxWindow& window);
 
 class EditorInput : public EditorWindow {
 public:

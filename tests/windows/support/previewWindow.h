@@ -14,6 +14,7 @@
 
 #include "platform/files.h"
 #include "render/wx/frmPreview.h"
+#include "windows/support/closing.h"
 #include "windows/support/pump.h"
 
 namespace tavisk::test {
@@ -60,16 +61,6 @@ std::string shownText(const wxWebView& browser);
 std::uint32_t shownColour(const wxWebView& browser, int x, int y);
 /// A click with the real pointer; returns when the browser has got it.
 void clickAt(const wxWebView& browser, const wxPoint& place, int button);
-/// The entries of the menu that a right click asks for, each with a blank behind it: "copy",
-/// "copyLink", "copyImage", "all", and "?" for any other. The menu itself does not open.
-std::string menuAt(const wxWebView& browser, const wxPoint& place);
-/// As a window manager closes a window.
-void closeFromOutside(const wxWindow& window);
-/// Where files can be dropped.
-bool takesDrops(const wxWebView& browser);
-/// The processes that show pages for this one, those that nobody has waited for included.
-std::vector<int> pageProcesses();
-
 /// Shown, not modal, so that a test can go on.
 class PreviewWindow {
 public:

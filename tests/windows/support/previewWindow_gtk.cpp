@@ -5,10 +5,8 @@
 #include <stdexcept>
 #include <unistd.h>
 #include <webkit2/webkit2.h>
-#include <wx/image.h>
-#include <wx/mstream.h>
 
-#include "windows/support/previewWindow.h"
+#include "windows/support/previewNative_gtk.h"
 
 namespace tavisk::test {
 namespace {
@@ -17,10 +15,6 @@ namespace fs = std::filesystem;
 
 WebKitWebView* viewOf(const wxWebView& browser) {
     return WEBKIT_WEB_VIEW(browser.GetNativeBackend());
-}
-
-fs::path pathOf(const std::string& utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
 }
 
 std::string nameOf(WebKitContextMenuItem* item) {
@@ -34,37 +28,6 @@ std::string nameOf(WebKitContextMenuItem* item) {
 }
 
 }  // namespace
-
-PageFolder::PageFolder(const std::string& name) {
-    std::string pattern = (fs::temp_directory_path() / "tavisk-preview-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) throw std::runtime_error("no folder for the test's pages");
-    above_ = pattern;
-    path_ = above_ + "/" + name;
-    fs::create_directory(pathOf(path_));
-}
-
-PageFolder::~PageFolder() {
-    std::error_code ignored;
-    fs::remove_all(pathOf(above_), ignored);
-}
-
-std::string PageFolder::write(const std::string& name, std::string_view bytes) const {
-    const std::string file = path_ + "/" + name;
-    DiskFiles().replace(file, {bytes});
-    return file;
-}
-
-std::string PageFolder::writePicture(const std::string& name, std::uint32_t colour) const {
-    constexpr int size = 64;
-    wxImage picture(size, size);
-    picture.SetRGB(wxRect(0, 0, size, size), static_cast<unsigned char>(colour >> 16U),
-                   static_cast<unsigned char>(colour >> 8U), static_cast<unsigned char>(colour));
-    wxMemoryOutputStream stream;
-    picture.SaveFile(stream, wxBITMAP_TYPE_PNG);
-    std::string bytes(stream.GetSize(), '\0');
-    stream.CopyTo(bytes.data(), bytes.size());
-    return write(name, bytes);
-}
 
 struct AskedAddresses::Hook {
     guint signal = g_signal_lookup("decide-policy", WEBKIT_TYPE_WEB_VIEW);
@@ -185,15 +148,6 @@ std::string menuAt(const wxWebView& browser, const wxPoint& place) {
     pumpUntil([&] { return menu.came; });
     g_signal_handler_disconnect(view, id);
     return menu.entries;
-}
-
-void closeFromOutside(const wxWindow& window) {
-    GdkEvent* const event = gdk_event_new(GDK_DELETE);
-    event->any.window =
-        GDK_WINDOW(g_object_ref(gtk_widget_get_window(GTK_WIDGET(window.GetHandle()))));
-    event->any.send_event = TRUE;
-    gtk_main_do_event(event);
-    gdk_event_free(event);
 }
 
 bool takesDrops(const wxWebView& browser) {

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <gtk/gtk.h>
-#include <map>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 #include <wx/frame.h>
 #include <wx/uiaction.h>
 
@@ -24,37 +24,21 @@ inline std::string rowLine(std::size_t level, const std::string& name, bool chil
 }
 
 /// The rows as the native view has them, from top to bottom, whether scrolled into view or not.
-inline std::string shownRows(HelpTree& tree) {
-    GtkTreeView* const view = GTK_TREE_VIEW(tree.GtkGetTreeView());
-    GtkTreeModel* const model = gtk_tree_view_get_model(view);
-    GtkAdjustment* const down = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(view));
-    const double scrolled = gtk_adjustment_get_value(down);
-    gtk_adjustment_set_value(down, 0);  // above the upper edge, the view finds no rows
-    GdkRectangle row;
-    GtkTreePath* path = gtk_tree_path_new_first();
-    gtk_tree_view_get_background_area(view, path, gtk_tree_view_get_column(view, 0), &row);
-    gtk_tree_path_free(path);
+std::string shownRows(HelpTree& tree);
 
-    std::string lines;
-    for (int y = row.height / 2;
-         gtk_tree_view_get_path_at_pos(view, 0, y, &path, nullptr, nullptr, nullptr);
-         y += row.height) {
-        GtkTreeIter iterator;
-        char* name = nullptr;
-        if (gtk_tree_model_get_iter(model, &iterator, path)) {
-            gtk_tree_model_get(model, &iterator, 0, &name, -1);
-            lines += rowLine(static_cast<std::size_t>(gtk_tree_path_get_depth(path)) - 1, name,
-                             gtk_tree_model_iter_has_child(model, &iterator),
-                             gtk_tree_view_row_expanded(view, path));
-        } else {
-            lines += "a row of the view that is none of the document\n";
-        }
-        g_free(name);
-        gtk_tree_path_free(path);
-    }
-    gtk_adjustment_set_value(down, scrolled);
-    return lines;
-}
+/// A row that the control can ask for, expanded or not.
+struct ModelRow {
+    const dom::Node* node = nullptr;
+    std::size_t level = 0;
+    std::string name;
+};
+std::vector<ModelRow> modelRows(const HelpTree& tree);
+
+/// What a screen reader has of the rows: "tree: ", then the name of each with "|" behind it.
+std::string toldRows(const HelpTree& tree);
+
+/// How much wider the rows are than what is seen of them.
+int hiddenWidth(const HelpTree& tree);
 
 /// The rows that the document has below rows that are expanded.
 inline std::string documentRows(const HelpTree& tree, dom::Node& row, std::size_t level = 0) {
@@ -65,29 +49,18 @@ inline std::string documentRows(const HelpTree& tree, dom::Node& row, std::size_
     return lines;
 }
 
-/// What GTK complains about, such as a view that is out of step with its rows, fails the test.
-class GtkComplaints {
+/// What the toolkit complains about, such as a view that is out of step with its rows, fails the
+/// test.
+class ToolkitComplaints {
 public:
-    GtkComplaints() {
-        for (auto& [domain, handler] : handlers_)
-            handler = g_log_set_handler(domain, complaints, fail, nullptr);
-    }
-    GtkComplaints(const GtkComplaints&) = delete;
-    GtkComplaints& operator=(const GtkComplaints&) = delete;
-    ~GtkComplaints() {
-        for (const auto& [domain, handler] : handlers_)
-            g_log_remove_handler(domain, handler);
-    }
+    ToolkitComplaints();
+    ToolkitComplaints(const ToolkitComplaints&) = delete;
+    ToolkitComplaints& operator=(const ToolkitComplaints&) = delete;
+    ~ToolkitComplaints();
 
 private:
-    static constexpr auto complaints =
-        static_cast<GLogLevelFlags>(G_LOG_LEVEL_WARNING | G_LOG_LEVEL_CRITICAL);
-
-    static void fail(const char* domain, GLogLevelFlags, const char* text, void*) {
-        ADD_FAILURE() << domain << ": " << text;
-    }
-
-    std::map<const char*, guint> handlers_{{"Gtk", 0}, {"GLib", 0}, {"GLib-GObject", 0}};
+    struct Native;
+    std::unique_ptr<Native> native_;
 };
 
 class TreeWindow {
@@ -160,7 +133,7 @@ public:
     int error = 0;       ///< that the handler ended in
 
 private:
-    GtkComplaints complaints_;
+    ToolkitComplaints complaints_;
 };
 
 }  // namespace tavisk::test

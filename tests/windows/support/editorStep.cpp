@@ -1,11 +1,11 @@
+#include "windows/support/editorStep.h"
+
 #include <wx/image.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
 
 #include "editor/imageCommands.h"
-#include "editor/wx/helpTreeModel_gtk.h"
 #include "windows/support/answerWindow.h"
-#include "windows/support/editorStep.h"
 #include "windows/support/treeWindow.h"
 
 namespace tavisk::test {
@@ -13,31 +13,11 @@ namespace {
 
 using Nodes = std::vector<const dom::Node*>;
 
-GtkTreeModel* modelOf(const HelpTree& tree) {
-    return gtk_tree_view_get_model(GTK_TREE_VIEW(const_cast<HelpTree&>(tree).GtkGetTreeView()));
+std::string line(std::size_t level, const std::string& name, bool selected) {
+    return std::string(level, ' ') + name + (selected ? " <" : "") + '\n';
 }
 
-std::string line(int level, const std::string& name, bool selected) {
-    return std::string(static_cast<std::size_t>(level), ' ') + name + (selected ? " <" : "") + '\n';
-}
-
-/// Calls `visit(node, level, name)` for every row of the model.
-template <class Visit>
-void forEachRow(const HelpTree& tree, Visit visit) {
-    GtkTreeModel* const model = modelOf(tree);
-    if (!model) return;
-    const auto each = +[](GtkTreeModel* rows, GtkTreePath* path, GtkTreeIter* row, void* to) {
-        char* name = nullptr;
-        gtk_tree_model_get(rows, row, 0, &name, -1);
-        (*static_cast<Visit*>(to))(nodeAt(*row), gtk_tree_path_get_depth(path) - 1,
-                                   std::string(name));
-        g_free(name);
-        return FALSE;
-    };
-    gtk_tree_model_foreach(model, each, &visit);
-}
-
-std::string documentLines(const dom::Node& node, const dom::Node* selected, int level) {
+std::string documentLines(const dom::Node& node, const dom::Node* selected, std::size_t level) {
     std::string lines = line(level, shownName(node.baseName()), &node == selected);
     for (const dom::Node* child = node.firstChild(); child; child = child->next())
         lines += documentLines(*child, selected, level + 1);
@@ -53,8 +33,8 @@ void expectTree(EditorWindow& editor) {
     EXPECT_EQ(tree.selected(), selected);
     EXPECT_EQ(treeRows(tree), documentLines(*session.baseXMLNode, selected, 0));
     Nodes shown;
-    forEachRow(tree,
-               [&](const dom::Node* node, int, const std::string&) { shown.push_back(node); });
+    for (const ModelRow& row : modelRows(tree))
+        shown.push_back(row.node);
     Nodes held;
     for (const dom::Node* node = session.baseXMLNode; node;
          node = dom::nextInDocument(*node, *session.baseXMLNode))
@@ -141,9 +121,8 @@ void expectEnabled(EditorWindow& editor) {
 
 std::string treeRows(const HelpTree& tree) {
     std::string lines;
-    forEachRow(tree, [&](const dom::Node* node, int level, const std::string& name) {
-        lines += line(level, name, node == tree.selected());
-    });
+    for (const ModelRow& row : modelRows(tree))
+        lines += line(row.level, row.name, row.node == tree.selected());
     return lines;
 }
 

@@ -1,7 +1,9 @@
 #include <gtk/gtk.h>
 #include <memory>
+#include <wx/choice.h>
 
-#include "windows/support/editorInput.h"
+#include "platform/wx/strings.h"
+#include "windows/support/focus.h"
 
 namespace tavisk::test {
 namespace {
@@ -33,6 +35,12 @@ bool dialogTakesKeys(const wxWindow& window) {
             return true;
     }
     return false;
+}
+
+bool isOpen(const wxChoice& list) {
+    gboolean shown = FALSE;
+    g_object_get(list.GetHandle(), "popup-shown", &shown, nullptr);
+    return shown;
 }
 
 }  // namespace tavisk::test

@@ -1,0 +1,63 @@
+#include <algorithm>
+#include <wx/dcclient.h>
+#include <wx/msw/wrapwin.h>
+
+#include "platform/wx/strings.h"
+#include "windows/support/editorLook.h"
+
+namespace tavisk::test {
+namespace {
+
+HWND handleOf(const wxWindow& window) { return static_cast<HWND>(window.GetHandle()); }
+
+wxString windowText(const wxWindow& window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(handleOf(window))) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(
+        GetWindowTextW(handleOf(window), text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+}  // namespace
+
+int leastWidth(wxWindow& control) { return control.GetBestSize().x; }
+
+std::string drawnText(const wxStaticText& label) {
+    return utf8Of(wxControl::RemoveMnemonics(windowText(label)));
+}
+
+bool isElidedInTheMiddle(const wxStaticText& label) {
+    const wxString drawn = wxControl::RemoveMnemonics(windowText(label));
+    const wxString whole = label.GetLabelText();
+    const std::size_t dots = drawn.find("...");
+    return dots != wxString::npos && dots > 0 && whole.StartsWith(drawn.Left(dots)) &&
+           whole.EndsWith(drawn.Mid(dots + 3)) && dots + 3 < drawn.length();
+}
+
+Wrapped wrapped(const wxStaticText& label) {
+    wxClientDC dc(const_cast<wxStaticText*>(&label));
+    dc.SetFont(label.GetFont());
+    RECT room{0, 0, label.GetSize().x, 0};
+    const wxString text = windowText(label);
+    const int line = dc.GetCharHeight();
+    DrawTextW(static_cast<HDC>(dc.GetHDC()), text.wc_str(), -1, &room,
+              DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL);
+    const int needed = (static_cast<int>(room.bottom) + line - 1) / line;
+    Wrapped result;
+    result.lines = std::min(needed, label.GetSize().y / line);
+    result.size = wxSize(static_cast<int>(room.right), result.lines * line);
+    result.cut = needed > result.lines;
+    return result;
+}
+
+bool elidesLongNames(const wxChoice& list) {
+    // Here they are seen whole in the open list.
+    return SendMessageW(handleOf(list), CB_GETDROPPEDWIDTH, 0, 0) > list.GetSize().x;
+}
+
+bool isDrawnUnderlined(const wxCheckBox& box) {
+    const auto font = reinterpret_cast<HFONT>(SendMessageW(handleOf(box), WM_GETFONT, 0, 0));
+    LOGFONTW look{};
+    return GetObjectW(font, sizeof look, &look) != 0 && look.lfUnderline;
+}
+
+}  // namespace tavisk::test

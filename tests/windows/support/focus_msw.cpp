@@ -1,0 +1,24 @@
+#include <wx/choice.h>
+#include <wx/msw/wrapwin.h>
+
+#include "platform/wx/strings.h"
+#include "windows/support/focus.h"
+
+namespace tavisk::test {
+
+std::string focusedControl(const wxWindow& window) {
+    if (GetActiveWindow() != static_cast<HWND>(window.GetHandle())) return "";
+    wxWindow* const focus = wxWindow::FindFocus();
+    return focus ? utf8Of(focus->GetMainWindowOfCompositeControl()->GetName()) : "";
+}
+
+bool dialogTakesKeys(const wxWindow& window) {
+    const HWND active = GetActiveWindow();
+    return active && active != static_cast<HWND>(window.GetHandle()) && IsWindowVisible(active);
+}
+
+bool isOpen(const wxChoice& list) {
+    return SendMessageW(static_cast<HWND>(list.GetHandle()), CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
+}  // namespace tavisk::test
