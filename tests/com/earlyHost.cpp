@@ -17,11 +17,12 @@ std::wstring lastError(HRESULT failure) {
 }
 
 std::wstring edit(IclsTavisk& component, const std::wstring& name, const std::wstring& out) {
-    Text xml(readText(name)), result;
+    const std::wstring given = readText(name);
+    Text xml(given), result;
     const BSTR before = xml.get();
     if (const HRESULT failure = component.editXML(&xml, &result); FAILED(failure))
         return lastError(failure);
-    if (xml.get() != before || xml.str() != readText(name)) return L"changed";
+    if (xml.get() != before || xml.str() != given) return L"changed";
     writeText(out, result.str());
     return L"String";
 }
