@@ -5,7 +5,8 @@ FUZZ_SECONDS ?= 60
 SOURCES = find src tests bench -name '*.h' -o -name '*.cpp'
 
 .NOTPARALLEL:
-.PHONY: build run test debug sanitize bench fuzz format check-format tidy screenshots clean help
+.PHONY: build run test debug sanitize bench fuzz windows windows-libraries test-windows format \
+    check-format tidy screenshots clean help
 
 build: setup-build build/build.ninja ## the optimised command and component: build/tavisk, build/libtavisk.so
 	@cmake --build --preset release --target tavisk_command tavisk_component
@@ -36,10 +37,40 @@ fuzz: setup-fuzz ## run each fuzzer for FUZZ_SECONDS (60)
 	@cmake --build --preset fuzz
 	@tools/runFuzzers.sh build-fuzz $(FUZZ_SECONDS)
 
+windows: windows-libraries ## Tavisk.dll for Windows: build/windows/x64, build/windows/x86
+	@mkdir -p build
+	@for arch in x64 x86; do tools/windows/configure.sh $$arch && cmake --build --preset windows-$$arch \
+	    --target tavisk_command tavisk_component || exit 1; done
+	@tools/windows/checkImports.sh build/windows/x64/Tavisk.dll build/windows/x86/Tavisk.dll
+
+windows-libraries: setup-windows ## the libraries that it links, kept outside the clone
+	@tools/windows/libraries.sh x64
+	@tools/windows/libraries.sh x86
+
+test-windows: windows setup-show build/build.ninja ## its tests, under Wine
+	@cmake --build --preset release --target tavisk_command tavisk_pages
+	@cmake --build --preset windows-x64
+	@ctest --preset windows-x64 --parallel $(JOBS)
+
 format: setup-style ## lay out all sources
 	@$(SOURCES) | xargs clang-format -i
 
-check-format: setup-style ## fail where `make format` would change something
+check-windows: windows-libraries ## Tavisk.dll for Windows: build/windows/x64, build/windows/x86
+	@mkdir -p build
+	@for arch in x64 x86; do tools/windows/configure.sh $$arch && cmake --build --preset windows-$$arch \
+	    --target tavisk_command tavisk_component || exit 1; done
+	@tools/windows/checkImports.sh build/windows/x64/Tavisk.dll build/windows/x86/Tavisk.dll
+
+windows-libraries: setup-windows ## the libraries that it links, kept outside the clone
+	@tools/windows/libraries.sh x64
+	@tools/windows/libraries.sh x86
+
+test-windows: windows setup-show build/build.ninja ## its tests, under Wine
+	@cmake --build --preset release --target tavisk_command tavisk_pages
+	@cmake --build --preset windows-x64
+	@ctest --preset windows-x64 --parallel $(JOBS)
+
+format: setup-style ## fail where `make format` would change something
 	@$(SOURCES) | xargs clang-format --dry-run -Werror
 
 tidy: setup-style ## look for mistakes with clang-tidy

@@ -2,7 +2,7 @@
 # Installs the Debian packages that are missing for the named groups of tasks; says nothing when
 # there is nothing to do.
 #
-#     tools/setup.sh GROUP...        groups: build display show test bench fuzz style
+#     tools/setup.sh GROUP...        groups: build display show test bench fuzz windows style
 set -euo pipefail
 
 packages() {
@@ -63,6 +63,16 @@ packages() {
             echo clang            # compiles for libFuzzer
             echo libclang-rt-dev  # libFuzzer and the sanitizers
             echo llvm             # names the lines in a report
+            ;;
+        windows)
+            packages build
+            echo g++-mingw-w64-x86-64-posix # compiles for Windows
+            echo g++-mingw-w64-i686-posix   # compiles for its 32-bit programs
+            echo mingw-w64-tools            # widl: makes the type library
+            echo dpkg-dev                   # unpacks the libraries' sources
+            echo wine                       # runs what was built
+            echo wine64                     # its 64-bit half is enough
+            echo libwine-dev                # the system's interfaces, for widl
             ;;
         style)
             packages build
