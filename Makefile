@@ -55,22 +55,7 @@ test-windows: windows setup-show build/build.ninja ## its tests, under Wine
 format: setup-style ## lay out all sources
 	@$(SOURCES) | xargs clang-format -i
 
-check-windows: windows-libraries ## Tavisk.dll for Windows: build/windows/x64, build/windows/x86
-	@mkdir -p build
-	@for arch in x64 x86; do tools/windows/configure.sh $$arch && cmake --build --preset windows-$$arch \
-	    --target tavisk_command tavisk_component || exit 1; done
-	@tools/windows/checkImports.sh build/windows/x64/Tavisk.dll build/windows/x86/Tavisk.dll
-
-windows-libraries: setup-windows ## the libraries that it links, kept outside the clone
-	@tools/windows/libraries.sh x64
-	@tools/windows/libraries.sh x86
-
-test-windows: windows setup-show build/build.ninja ## its tests, under Wine
-	@cmake --build --preset release --target tavisk_command tavisk_pages
-	@cmake --build --preset windows-x64
-	@ctest --preset windows-x64 --parallel $(JOBS)
-
-format: setup-style ## fail where `make format` would change something
+check-format: setup-style ## fail where `make format` would change something
 	@$(SOURCES) | xargs clang-format --dry-run -Werror
 
 tidy: setup-style ## look for mistakes with clang-tidy
@@ -85,7 +70,7 @@ clean: ## remove every build folder
 	rm -rf build build-*
 
 help: ## this list
-	@sed -n 's/^\([a-z-]*\):.* ## /\1\t/p' Makefile | expand -t 14
+	@sed -n 's/^\([a-z-]*\):.* ## /\1\t/p' Makefile | expand -t 20
 
 setup-%:
 	@tools/setup.sh $*
