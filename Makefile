@@ -5,7 +5,7 @@ FUZZ_SECONDS ?= 60
 SOURCES = find src tests bench -name '*.h' -o -name '*.cpp'
 
 .NOTPARALLEL:
-.PHONY: build run test debug sanitize bench fuzz windows windows-libraries test-windows format \
+.PHONY: build run test debug sanitize bench fuzz windows windows-libraries windows-package test-windows format \
     check-format tidy screenshots clean help
 
 build: setup-build build/build.ninja ## the optimised command and component: build/tavisk, build/libtavisk.so
@@ -42,6 +42,9 @@ windows: windows-libraries ## Tavisk.dll for Windows: build/windows/x64, build/w
 	@for arch in x64 x86; do tools/windows/configure.sh $$arch && cmake --build --preset windows-$$arch \
 	    --target tavisk_command tavisk_component || exit 1; done
 	@tools/windows/checkImports.sh build/windows/x64/Tavisk.dll build/windows/x86/Tavisk.dll
+
+windows-package: windows ## what is delivered: one zip file per word size, with everything in it
+	@for arch in x64 x86; do cmake --build --preset windows-$$arch --target tavisk_package || exit 1; done
 
 windows-libraries: setup-windows ## the libraries that it links, kept outside the clone
 	@tools/windows/libraries.sh x64

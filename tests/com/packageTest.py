@@ -8,7 +8,8 @@ import unittest
 import zipfile
 from pathlib import Path
 
-from comCase import DEADLINE_SECONDS, WINE, ComTest, Process, registry, run, windows_path
+from comCase import (DEADLINE_SECONDS, LIBRARY, WINE, ComTest, Process, registry, run,
+                     windows_path)
 
 PACKAGE = Path(os.environ["TAVISK_PACKAGE"])
 CLASSES = "HKEY_LOCAL_MACHINE\\Software\\Classes\\"
@@ -31,6 +32,19 @@ SENTENCES = {
     "wxwidgets3.2": "wxWindows Library Licence",
     "zlib": "Jean-loup Gailly",
 }
+
+
+INTERFACE = ["DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer",
+             "tavisk_edit_xml", "tavisk_edit_xml_utf16", "tavisk_free", "tavisk_preview_xml",
+             "tavisk_preview_xml_utf16", "tavisk_version"]
+
+
+class Exports(unittest.TestCase):
+    def test_the_interface_and_nothing_else(self):
+        listed = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", LIBRARY], check=True,
+                                capture_output=True, text=True).stdout
+        names = listed.partition("[Ordinal/Name Pointer] Table")[2].partition("\n\n")[0]
+        self.assertEqual([line.split()[-1] for line in names.strip().splitlines()], INTERFACE)
 
 
 class Package(ComTest):

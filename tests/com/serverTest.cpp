@@ -7,17 +7,10 @@ namespace {
 
 constexpr GUID unknownClass{1, 2, 3, {4, 5, 6, 7, 8, 9, 10, 11}};
 
-std::wstring folderOfTests() {
-    std::wstring path(MAX_PATH, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
-    return path.substr(0, path.find_last_of(L'\\'));
-}
-
-/// TAVISK_LIBRARY names the library; else it is beside the tests.
 std::wstring libraryPath() {
     wchar_t path[MAX_PATH] = {};
-    if (GetEnvironmentVariableW(L"TAVISK_LIBRARY", path, MAX_PATH) != 0) return path;
-    return folderOfTests() + L"\\Tavisk.dll";
+    GetEnvironmentVariableW(L"TAVISK_DLL", path, MAX_PATH);
+    return path;
 }
 
 class Server : public testing::Test {
