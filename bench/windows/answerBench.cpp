@@ -54,8 +54,15 @@ public:
                                 : place == Place::middle ? half
                                                          : answerLength - 3);
         box_->SetInsertionPoint(at_);
-        box_->Refresh();
-        untilPainted(*box_);
+        // The view glides there.
+        wxPoint before;
+        wxPoint now(-1, -1);
+        while (now != before || !box_->GetClientRect().Contains(now)) {
+            before = now;
+            box_->Refresh();
+            untilPainted(*box_);
+            now = box_->PositionToCoords(at_);
+        }
     }
     Typing(const Typing&) = delete;
     Typing& operator=(const Typing&) = delete;

@@ -5,9 +5,11 @@
 
 #include "document/nodeKeys.h"
 #include "editor/nodeCommands.h"
+#include "editor/wx/answerBox.h"
 #include "editor/wx/frmMain.h"
 #include "editor/wx/helpTree.h"
 #include "loaded.h"
+#include "typing.h"
 #include "windows/support/pump.h"
 
 namespace tavisk::bench {
@@ -103,6 +105,32 @@ void moveNode(benchmark::State& state) {
     }
 }
 BENCHMARK(moveNode)->Arg(1'000)->Arg(10'000)->Arg(30'000)->Unit(benchmark::kMillisecond);
+
+/// A key in the text of one node, painted: processor time, whatever the number of nodes.
+void typeInEditor(benchmark::State& state) {
+    OpenEditor editor(state.range(0));
+    editor.window->controls.TreeXML->choose(*editor.loaded.session().baseXMLNode->firstChild());
+    wxTextCtrl& box = *editor.window->controls.txtValue;
+    box.SetFocus();
+    test::pumpUntil([&box] { return box.HasFocus(); });
+    const long length = box.GetLastPosition();
+    for (auto _ : state) {
+        box.SetInsertionPoint(0);
+        const double start = processorTime();
+        pressKey(box, 'e');
+        untilPainted(box);
+        state.SetIterationTime(processorTime() - start);
+        if (box.GetLastPosition() != length + 1) state.SkipWithError("the key did not arrive");
+        box.Remove(0, 1);
+        untilPainted(box);
+    }
+}
+BENCHMARK(typeInEditor)
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Arg(30'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tavisk::bench
