@@ -63,7 +63,7 @@ check-format: setup-style ## fail where `make format` would change something
 
 tidy: setup-style ## look for mistakes with clang-tidy
 	@cmake --preset debug > /dev/null
-	@find src -name '*.cpp' | sort | xargs -n 1 -P $(JOBS) clang-tidy -p build-debug --quiet --extra-arg=-Wno-unknown-warning-option 2> /dev/null
+	@find src -name '*.cpp' ! -name '*_windows.cpp' ! -name '*_msw.cpp' | sort | xargs -n 1 -P $(JOBS) clang-tidy -p build-debug --quiet --extra-arg=-Wno-unknown-warning-option 2> /dev/null
 
 screenshots: build ## the pictures in docs/images
 	@tools/setup.sh show
