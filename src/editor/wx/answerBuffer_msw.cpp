@@ -27,6 +27,10 @@ constexpr int sideMargin = 8;
 
 constexpr UINT utf16 = 1200;
 
+/// Of ITextDocument, which the libraries have no number for.
+constexpr GUID textDocument{
+    0x8CC497C0, 0xA1DF, 0x11CE, {0x80, 0x98, 0x00, 0xAA, 0x00, 0x47, 0xBE, 0x5D}};
+
 struct Selection {
     std::size_t from = 0;
     std::size_t to = 0;
@@ -58,7 +62,7 @@ struct AnswerBuffer::Native {
         ComPtr<IRichEditOle> control;
         send(EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(control.GetAddressOf()));
         if (control)
-            control->QueryInterface(__uuidof(ITextDocument),
+            control->QueryInterface(textDocument,
                                     reinterpret_cast<void**>(document.GetAddressOf()));
         // What is pasted would bring its look along, and what is dropped also pictures and files.
         box.Bind(wxEVT_TEXT_PASTE, &Native::onPaste, this);

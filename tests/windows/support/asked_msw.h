@@ -16,7 +16,7 @@ namespace tavisk::test {
 struct Asked {
     explicit Asked(HWND window) {
         const HRESULT found =
-            AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+            AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
                                        reinterpret_cast<void**>(&object));
         if (FAILED(found)) object = nullptr;
     }

@@ -13,10 +13,6 @@ namespace {
 
 bool always() { return true; }
 
-bool isWine() {
-    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
-
 bool hasNoBrowserEngine() {
     static const bool missing = [] {
         CLSID document;
