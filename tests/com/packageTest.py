@@ -8,12 +8,11 @@ import unittest
 import zipfile
 from pathlib import Path
 
-from comCase import (DEADLINE_SECONDS, LIBRARY, WINE, ComTest, Process, registry, run,
-                     windows_path)
+from comCase import ALL_USERS, LIBRARY, ComTest, Process, registry, run, windows_path
 
 PACKAGE = Path(os.environ["TAVISK_PACKAGE"])
-CLASSES = "HKEY_LOCAL_MACHINE\\Software\\Classes\\"
-NAME = CLASSES + "Tavisk.clsTavisk"
+NAME = ALL_USERS + "\\Tavisk.clsTavisk"
+CLASS_IDS = ALL_USERS + "\\CLSID"
 EDITOR = "Library Help XML Editor"
 FILES = ["README.txt", "Tavisk.X.manifest", "Tavisk.dll", "Tavisk.tlb", "cabinet.png",
          "examples/door.xml", "examples/edit.js", "examples/edit.vbs", "examples/preview.vbs",
@@ -56,10 +55,7 @@ class Package(ComTest):
         self.root = self.folder / PACKAGE.stem
 
     def script(self, name):
-        done = subprocess.run([*WINE, "cmd", "/c", windows_path(self.root / name)],
-                              stdin=subprocess.DEVNULL, capture_output=True, check=False,
-                              timeout=DEADLINE_SECONDS)
-        return done.returncode, done.stdout.decode().splitlines()
+        return run("cmd", "/c", windows_path(self.root / name), check=False)
 
     def test_the_list(self):
         self.assertEqual(self.names, [f"{PACKAGE.stem}/{name}" for name in FILES])
@@ -70,7 +66,7 @@ class Package(ComTest):
             self.assertIn(sentence, text, name)
 
     def test_it_is_installed_used_and_removed(self):
-        before = registry(CLASSES + "CLSID", self.folder)
+        before = registry(CLASS_IDS, self.folder)
         self.assertEqual(self.script("install.cmd"), (0, ["Tavisk.dll is registered."]))
         self.addCleanup(run, "regsvr32", "/s", "/u", windows_path(self.root / "Tavisk.dll"))
         self.assertIn(NAME.lower(), registry(NAME, self.folder))
@@ -79,7 +75,7 @@ class Package(ComTest):
                 self.use(example)
         self.assertEqual(self.script("uninstall.cmd"), (0, ["Tavisk.dll is no longer registered."]))
         self.assertEqual(registry(NAME, self.folder), {})
-        self.assertEqual(registry(CLASSES + "CLSID", self.folder), before)
+        self.assertEqual(registry(CLASS_IDS, self.folder), before)
 
     def use(self, example):
         document = self.root / "examples" / "door.xml"
