@@ -10,9 +10,10 @@ import tempfile
 import unittest
 from pathlib import Path
 
+from hostSystem import LIBRARY, RUN, SUFFIX, WINDOWS, full_name, skip_on_windows
+
 TAVISK = os.environ.get("TAVISK", "tavisk")
-FAKE = os.environ.get("FAKE", "libtavisk.so")
-LIBRARY = "libtavisk.so"
+FAKE = os.environ.get("FAKE", LIBRARY)
 
 PLAIN = "<cabinetinfo>\n<cabinet><A value='\u00e4'/></cabinet></cabinetinfo>"
 LOADED = '<cabinetinfo><cabinet><A value="\u00e4"/></cabinet></cabinetinfo>'
@@ -28,7 +29,7 @@ class WindowCommandTest(unittest.TestCase):
         self.folder = Path(os.path.realpath(temporary.name))
         self.bin = self.folder / "bin"
         self.bin.mkdir()
-        self.program = shutil.copy(shutil.which(TAVISK), self.bin / "tavisk")
+        self.program = shutil.copy(shutil.which(TAVISK), self.bin / f"tavisk{SUFFIX}")
         shutil.copy(FAKE, self.bin / LIBRARY)
         self.file = self.folder / "a.xml"
         self.file.write_text(PLAIN, encoding="utf-8")
@@ -41,10 +42,12 @@ class WindowCommandTest(unittest.TestCase):
         env = {**os.environ, "FAKE_LOG": str(self.log), "TMPDIR": str(self.temporary),
                **dict(environment)}
         if result is not None:
-            env["FAKE_RESULT"] = result
+            text = self.folder / "result"
+            text.write_text(result, encoding="utf-8")
+            env["FAKE_RESULT"] = str(text)
         if error is not None:
             env["FAKE_ERROR"] = str(error)
-        run = subprocess.run([self.program, *map(str, arguments)], input=data, env=env,
+        run = subprocess.run([*RUN, self.program, *map(str, arguments)], input=data, env=env,
                              capture_output=True, timeout=60, check=False)
         return run.returncode, run.stdout.decode(), run.stderr.decode()
 
@@ -140,6 +143,7 @@ class Edit(WindowCommandTest):
                          (4, "", f"Run-time error '53': File not found\nFile: {none}\n"))
         self.assertFalse(self.log.exists())
 
+    @skip_on_windows("Wine has its own folder for temporary files")
     def test_work_that_cannot_be_written_is_kept(self):
         lost = self.folder / "none" / "b.xml"
         kept = self.temporary / "a-edited.xml"
@@ -149,6 +153,7 @@ class Edit(WindowCommandTest):
                     f"Run-time error '76': Path not found\nFile: {lost}\n"))
         self.assertEqual(kept.read_text(encoding="utf-8"), EDITED)
 
+    @skip_on_windows("Wine has its own folder for temporary files")
     def test_work_that_can_be_kept_nowhere(self):
         lost = self.folder / "none" / "b.xml"
         self.temporary.rmdir()
@@ -178,14 +183,15 @@ class Library(WindowCommandTest):
         code, out, err = self.run_it("edit", self.file)
         self.assertEqual(
             (code, out, err),
-            (4, "", "tavisk: the component with the windows is missing: libtavisk.so is neither in "
-                    f"{self.bin}, nor in ../lib from there, nor on the system's library path\n"))
+            (4, "", "tavisk: the component with the windows is missing: "
+                    f"{LIBRARY} is neither in {full_name(self.bin)}, nor in ../lib from there, nor on the system's library path\n"))
 
     def test_in_the_folder_of_libraries_beside_that_of_the_command(self):
         (self.folder / "lib").mkdir()
         (self.bin / LIBRARY).rename(self.folder / "lib" / LIBRARY)
         self.assertEqual(self.run_it("edit", self.file), (0, "", ""))
 
+    @skip_on_windows("all tests share the system of one Wine prefix")
     def test_on_the_systems_path(self):
         elsewhere = self.folder / "elsewhere"
         elsewhere.mkdir()
@@ -204,8 +210,8 @@ class Library(WindowCommandTest):
         self.assertTrue(err.startswith("tavisk: the component cannot be loaded: "), err)
 
     def test_one_without_the_interface(self):
-        libm = next(path for path in Path("/lib").glob("*/libm.so.6"))
-        shutil.copy(libm, self.bin / LIBRARY)
+        other = "*/wine/*/version.dll" if WINDOWS else "*/libm.so.6"
+        shutil.copy(next(Path("/usr/lib").glob(other)), self.bin / LIBRARY)
         code, out, err = self.run_it("edit", self.file)
         self.assertEqual((code, out), (4, ""))
         self.assertTrue(err.startswith("tavisk: the component cannot be used: "), err)
@@ -216,4 +222,4 @@ class Library(WindowCommandTest):
 
 
 if __name__ == "__main__":
-    sys.exit(unittest.main())
+    sys.exit(unittest.main(verbosity=2 if WINDOWS else 1))
