@@ -1,6 +1,7 @@
 #include "editor/wx/editorControls.h"
 
 #include <algorithm>
+#include <wx/dc.h>
 #include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/panel.h>
@@ -50,7 +51,10 @@ public:
                            wxSP_LIVE_UPDATE | wxSP_NOBORDER) {}
 
 protected:
-    void DrawSash(wxDC&) override {}
+    void DrawSash(wxDC& dc) override {
+        dc.SetBackground(GetParent()->GetBackgroundColour());
+        dc.Clear();
+    }
 };
 
 /// Scrolls when large letters or a dragged splitter leave too little room.

@@ -51,6 +51,7 @@ public:
     wxRect GetItemRect(const wxDataViewItem& item, const wxDataViewColumn* column) const override;
     void Collapse(const wxDataViewItem& item) override;
     bool IsExpanded(const wxDataViewItem& item) const override;
+    bool HasFocus() const override;
 
 protected:
 #ifdef __WXGTK__  // only there wxWidgets' own function does not know these rows

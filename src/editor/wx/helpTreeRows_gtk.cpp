@@ -237,6 +237,8 @@ bool HelpTreeRows::IsExpanded(const wxDataViewItem& item) const {
     return gtk_tree_view_row_expanded(native_->view, native_->pathTo(*nodeOf(item)).get()) != 0;
 }
 
+bool HelpTreeRows::HasFocus() const { return wxDataViewCtrl::HasFocus(); }
+
 void HelpTreeRows::DoExpand(const wxDataViewItem& item, bool expandChildren) {
     dom::Node& row = *nodeOf(item);
     native_->expandAbove(row);

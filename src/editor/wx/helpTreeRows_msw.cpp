@@ -370,4 +370,9 @@ bool HelpTreeRows::IsExpanded(const wxDataViewItem& item) const {
     return native_->isExpanded(row) && native_->isShown(row);
 }
 
+bool HelpTreeRows::HasFocus() const {
+    // The control gives it to the part of it that has the rows.
+    return wxWindow::FindFocus() == const_cast<HelpTreeRows*>(this)->GetMainWindow();
+}
+
 }  // namespace tavisk

@@ -1,4 +1,5 @@
 #include <wx/choice.h>
+#include <wx/dataview.h>
 #include <wx/msw/wrapwin.h>
 
 #include "platform/wx/strings.h"
@@ -8,8 +9,11 @@ namespace tavisk::test {
 
 std::string focusedControl(const wxWindow& window) {
     if (GetActiveWindow() != static_cast<HWND>(window.GetHandle())) return "";
-    wxWindow* const focus = wxWindow::FindFocus();
-    return focus ? utf8Of(focus->GetMainWindowOfCompositeControl()->GetName()) : "";
+    const wxWindow* focus = wxWindow::FindFocus();
+    if (!focus) return "";
+    // A tree gives it to the part of it that has the rows.
+    if (dynamic_cast<const wxDataViewCtrl*>(focus->GetParent())) focus = focus->GetParent();
+    return utf8Of(focus->GetName());
 }
 
 bool dialogTakesKeys(const wxWindow& window) {
