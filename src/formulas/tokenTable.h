@@ -18,7 +18,7 @@ inline constexpr std::size_t maxReplacedTotal = std::size_t{1} << 30;
 
 /// How many bytes one table searches, text after text, where only doing the replacements tells what
 /// comes of them. No real document comes near; a made-up one could keep the search busy for hours.
-inline constexpr std::size_t maxSearched = std::size_t{1} << 33;
+inline constexpr std::uint64_t maxSearched = std::uint64_t{1} << 33;
 
 /// Replaces, for each entry in the order of adding, every occurrence of backquote, body, backquote
 /// by the entry's replacement. The result is that of doing so entry by entry over the whole text;
@@ -104,7 +104,7 @@ private:
     std::size_t sizeLimit_ = maxReplacedSize;
     std::size_t pass_ = 0;  ///< one over a text, in which `find` is asked for ever later entries
     std::size_t replacedTotal_ = 0;
-    std::size_t searched_ = 0;
+    std::uint64_t searched_ = 0;
     bool changed_ = false;
 };
 

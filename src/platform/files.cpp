@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -165,10 +166,10 @@ bool beginsWith(const std::string& path, std::string_view bytes) {
     return true;
 }
 
-std::string readTail(const std::string& path, std::size_t offset, std::size_t size) {
+std::string readTail(const std::string& path, std::size_t offset, std::uint64_t size) {
     const OpenFile file = openForReading(path);
     file.moveTo(offset);
-    return readAll(file, size - offset);
+    return readAll(file, static_cast<std::size_t>(size - offset));
 }
 
 }  // namespace
@@ -211,7 +212,7 @@ void DiskFiles::overwrite(const std::string& path, std::string_view bytes) {
     const std::optional<Status> old = statusOfTarget(path);
     std::string tail;
     if (old && old->ordinary) {
-        const auto size = static_cast<std::size_t>(old->size);
+        const std::uint64_t size = old->size;
         // Pictures seldom change from preview to preview, and writing costs far more than reading.
         if (size >= bytes.size() && beginsWith(path, bytes)) return;
         if (size > bytes.size()) tail = readTail(path, bytes.size(), size);
