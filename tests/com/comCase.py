@@ -55,21 +55,11 @@ def registry(root, folder):
     return keys
 
 
-def end_wine():
-    """Ends what still runs in these tests' own prefix: it belongs to one display, which goes."""
-    server = shutil.which("wineserver") or "/usr/lib/wine/wineserver"
-    for option in ("-k", "-w"):
-        subprocess.run([server, option], env={**os.environ, "WINEPREFIX": WINE[1] + "/wine"},
-                       capture_output=True, timeout=DEADLINE_SECONDS, check=False)
-
-
 class ComTest(unittest.TestCase):
     maxDiff = None
 
     @classmethod
     def setUpClass(cls):
-        end_wine()
-        cls.addClassCleanup(end_wine)
         # As long as one program runs, others start quickly.
         cls.driver = Driver()
         cls.addClassCleanup(cls.driver.close)
