@@ -41,8 +41,10 @@ public:
 void setAccessibleName(wxWindow& control, const wxString& name) {
     if (auto* const rows = dynamic_cast<wxDataViewCtrl*>(&control)) {
         rows->SetAccessible(new Named<wxDataViewCtrlAccessible>(rows, name));
-        // The part that has the focus is another window.
-        rows->GetMainWindow()->SetAccessible(new Named<wxDataViewCtrlAccessible>(rows, name));
+        // The part that has the focus is another window. What tells of the rows belongs to one
+        // only.
+        wxWindow* const part = rows->GetMainWindow();
+        part->SetAccessible(new Named<wxAccessible>(part, name));
     } else {
         control.SetAccessible(new Named<wxAccessible>(&control, name));
     }
