@@ -8,7 +8,8 @@ function typeName(value) {
 }
 
 function perform(command, name, argument) {
-    var xml = files.OpenTextFile(name, forReading, false, unicodeFile).ReadAll();
+    var file = files.OpenTextFile(name, forReading, false, unicodeFile);
+    var xml = file.AtEndOfStream ? "" : file.ReadAll();
     var before = xml, answer;
     try {
         if (command == "edit") {

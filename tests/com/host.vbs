@@ -17,8 +17,9 @@ Next
 Set component = Nothing
 
 Sub Perform(command, name, argument)
-    Dim xml, before, answer, out
-    xml = files.OpenTextFile(name, forReading, False, unicodeFile).ReadAll()
+    Dim file, xml, before, answer, out
+    Set file = files.OpenTextFile(name, forReading, False, unicodeFile)
+    If Not file.AtEndOfStream Then xml = file.ReadAll()
     before = xml
     On Error Resume Next
     If command = "edit" Then
