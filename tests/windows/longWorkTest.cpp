@@ -2,8 +2,8 @@
 
 #include <future>
 #include <gtest/gtest.h>
+#include <wx/eventfilter.h>
 #include <wx/progdlg.h>
-#include <wx/timer.h>
 #include <wx/utils.h>
 
 #include "platform/error.h"
@@ -18,10 +18,29 @@ constexpr Patience dialogAtOnce{milliseconds(0), milliseconds(0)};
 
 bool progressIsShown() {
     for (const wxWindow* window : wxTopLevelWindows) {
-        if (dynamic_cast<const wxProgressDialog*>(window) && window->IsShown()) return true;
+        if (dynamic_cast<const wxGenericProgressDialog*>(window) && window->IsShown()) return true;
     }
     return false;
 }
+
+/// Timers do not run meanwhile on every desktop.
+class OnEveryEvent final : public wxEventFilter {
+public:
+    explicit OnEveryEvent(std::function<void()> action) : action_(std::move(action)) {
+        wxEvtHandler::AddFilter(this);
+    }
+    OnEveryEvent(const OnEveryEvent&) = delete;
+    OnEveryEvent& operator=(const OnEveryEvent&) = delete;
+    ~OnEveryEvent() override { wxEvtHandler::RemoveFilter(this); }
+
+    int FilterEvent(wxEvent&) override {
+        action_();
+        return Event_Skip;
+    }
+
+private:
+    std::function<void()> action_;
+};
 
 TEST(LongWork, ShortWorkShowsNothing) {
     bool done = false;
@@ -32,14 +51,13 @@ TEST(LongWork, ShortWorkShowsNothing) {
 
 TEST(LongWork, DialogTellsOfLongWorkAndGoesWithIt) {
     std::promise<void> seen;
-    wxTimer timer;
-    timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-        if (!progressIsShown()) return;
+    bool told = false;
+    const OnEveryEvent look([&] {
+        if (told || !progressIsShown()) return;
         EXPECT_TRUE(wxIsBusy());
-        timer.Stop();
+        told = true;
         seen.set_value();
     });
-    timer.Start(1);
     runLongWork(
         nullptr, "Opening the document", [&] { seen.get_future().wait(); }, dialogAtOnce);
     EXPECT_FALSE(progressIsShown());

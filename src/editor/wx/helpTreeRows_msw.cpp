@@ -72,7 +72,8 @@ void HelpTreeRows::Native::onExpanded(wxDataViewEvent& event) {
     event.Skip();
 }
 
-/// The selection does not go with the rows that are hidden: the row above them has it then.
+/// The selection does not go with the rows that are hidden: the row above them has it then. What is
+/// hidden is collapsed when it is shown again.
 void HelpTreeRows::Native::onCollapsing(wxDataViewEvent& event) {
     dom::Node* const row = nodeOf(event.GetItem());
     for (const dom::Node* above = tree.selected(); above; above = above->parent()) {
@@ -80,6 +81,9 @@ void HelpTreeRows::Native::onCollapsing(wxDataViewEvent& event) {
             tree.choose(*row);
             break;
         }
+    }
+    for (dom::Node* below = row->firstChild(); below; below = below->next()) {
+        if (isExpanded(*below)) tree.Collapse(itemOf(below));
     }
     event.Skip();
 }
@@ -184,18 +188,17 @@ Expansion HelpTreeRows::Native::remember(const dom::Node* former, dom::Node& row
     for (const dom::Node* formerChild : *below) {
         if (!child) break;
         Expansion deeper = remember(formerChild, *child);
-        if (deeper.expanded || !deeper.below.empty()) expansion.below.push_back(std::move(deeper));
+        if (deeper.expanded) expansion.below.push_back(std::move(deeper));
         child = child->next();
     }
     return expansion;
 }
 
 void HelpTreeRows::Native::restore(const Expansion& former) {
-    if (!former.expanded && former.below.empty()) return;
+    if (!former.expanded) return;
     tree.Expand(itemOf(former.row));
     for (const Expansion& deeper : former.below)
         restore(deeper);
-    if (!former.expanded) tree.Collapse(itemOf(former.row));
 }
 
 void HelpTreeRows::Native::forget(const dom::Node* row) {

@@ -65,7 +65,8 @@ void showProgress(wxWindow* parent, const char* what, Worker& worker) {
     // The dialog waits until nothing is pending, which its own loop might do for ever.
     const std::unique_ptr<wxGUIEventLoop> loop = newNestedLoop();
     const wxEventLoopActivator active(loop.get());
-    wxProgressDialog dialog(defaultTitle, what, open, parent, wxPD_APP_MODAL);
+    // The native one, where there is one, lives on a thread of its own.
+    wxGenericProgressDialog dialog(defaultTitle, what, open, parent, wxPD_APP_MODAL);
     while (!worker.waitFor(beat))
         dialog.Pulse();
 }

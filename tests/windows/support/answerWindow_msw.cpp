@@ -4,26 +4,21 @@
 #include "windows/support/answerWindow.h"
 // after windows.h
 #include <richedit.h>
+#include <richole.h>
+#include <tom.h>
+#include <wrl/client.h>
 
 #include "windows/support/drawing.h"
 
 namespace tavisk::test {
 namespace {
 
+using Microsoft::WRL::ComPtr;
+
 HWND handleOf(const AnswerBox& box) { return static_cast<HWND>(box.GetHandle()); }
 
 LRESULT send(const AnswerBox& box, UINT message, WPARAM first, LPARAM second) {
     return SendMessageW(handleOf(box), message, first, second);
-}
-
-CHARRANGE selected(const AnswerBox& box) {
-    CHARRANGE range{};
-    send(box, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
-    return range;
-}
-
-void select(const AnswerBox& box, CHARRANGE range) {
-    send(box, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
 }
 
 char letterOf(COLORREF colour) {
@@ -44,26 +39,27 @@ std::size_t characterAt(const AnswerBox& box, long x, long y) {
 }  // namespace
 
 std::string shownColours(const AnswerBox& box) {
-    // Reading a colour needs a selection, which is put back before anybody sees it.
-    send(box, WM_SETREDRAW, FALSE, 0);
-    const LRESULT told = send(box, EM_SETEVENTMASK, 0, 0);
-    const CHARRANGE before = selected(box);
-    POINT view{};
-    send(box, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&view));
+    // By the text's own interface, which needs no selection for it.
+    ComPtr<IRichEditOle> control;
+    send(box, EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(control.GetAddressOf()));
+    ComPtr<ITextDocument> document;
+    constexpr GUID textDocument{
+        0x8CC497C0, 0xA1DF, 0x11CE, {0x80, 0x98, 0x00, 0xAA, 0x00, 0x47, 0xBE, 0x5D}};
+    if (!control || FAILED(control->QueryInterface(
+                        textDocument, reinterpret_cast<void**>(document.GetAddressOf()))))
+        return "(no text)";
     std::string letters;
-    for (long at = 0; at < static_cast<long>(box.text().size()); ++at) {
-        select(box, {at, at + 1});
-        CHARFORMAT2W format{};
-        format.cbSize = sizeof format;
-        send(box, EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
-        const bool automatic = (format.dwEffects & CFE_AUTOCOLOR) != 0;
-        letters += letterOf(automatic ? GetSysColor(COLOR_WINDOWTEXT) : format.crTextColor);
+    const auto length = static_cast<long>(box.text().size());
+    for (long at = 0; at < length; ++at) {
+        ComPtr<ITextRange> range;
+        ComPtr<ITextFont> font;
+        long colour = -1;
+        if (SUCCEEDED(document->Range(at, at + 1, range.GetAddressOf())) &&
+            SUCCEEDED(range->GetFont(font.GetAddressOf())))
+            font->GetForeColor(&colour);
+        letters += letterOf(colour == tomAutoColor ? GetSysColor(COLOR_WINDOWTEXT)
+                                                   : static_cast<COLORREF>(colour));
     }
-    select(box, before);
-    send(box, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&view));
-    send(box, EM_SETEVENTMASK, 0, told);
-    send(box, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(handleOf(box), nullptr, FALSE);
     return letters;
 }
 
