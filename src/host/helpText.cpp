@@ -50,8 +50,9 @@ standard output, after a No too: then as loading wrote it anew.
   -o OUT         write what the editor returns to OUT, after a No too, and leave FILE alone. "-" is
                  standard output.
 
-The window is that of the component, libtavisk.so, which is looked for beside this command, then in
-../lib from there, then on the system's library path. It needs a display.
+The window is that of the component (libtavisk.so, on Windows Tavisk.dll), which is looked for
+beside this command, then in ../lib from there, then on the system's library path. It needs a
+display.
 
 Examples:
   tavisk edit kitchen.xml
@@ -65,8 +66,9 @@ constexpr std::string_view previewText =
     R"(Usage: tavisk preview FILE [--evaluate]
 
 Shows the page of the document in a window and waits until it is closed. The page is the file
-temp.html in the folder of the component, libtavisk.so, or, where that may not be written, in
-$XDG_DATA_HOME/tavisk.
+temp.html in the folder of the component (libtavisk.so, on Windows Tavisk.dll) or, where that may
+not be written, in $XDG_DATA_HOME/tavisk, on Windows in the folder Tavisk of the local application
+data.
 
   --evaluate     fill in the values of the formulas, the pictures and the overlays. Without it the
                  texts show their tokens as typed.
