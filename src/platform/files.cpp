@@ -126,7 +126,7 @@ std::optional<Status> statusOfTarget(const std::string& path) {
         if (*error != ErrorNumber::fileNotFound) raise(*error);
         return std::nullopt;
     }
-    const Status& status = std::get<Status>(found);
+    const auto& status = std::get<Status>(found);
     if (status.folder) raise(ErrorNumber::permissionDenied);
     // A file is replaced with rights on the folder only; one that may not be written stays.
     fileSystem::checkWritable(path);
