@@ -66,9 +66,9 @@ class Host:
         self.process.stdin.write(f"{tag} {command} {file} {argument}\n".encode())
         return tag
 
-    def answer(self, tag):
+    def answer(self, tag, seconds=DEADLINE_SECONDS):
         while tag not in self._answers:
-            if not select.select([self.process.stdout], [], [], DEADLINE_SECONDS)[0]:
+            if not select.select([self.process.stdout], [], [], seconds)[0]:
                 raise AssertionError(f"no answer to call {tag}")
             block = os.read(self.process.stdout.fileno(), 1 << 16)
             if not block:
