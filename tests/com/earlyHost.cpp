@@ -63,5 +63,7 @@ int wmain(int count, wchar_t** words) {
     CoInitialize(nullptr);
     run(count, words);
     CoUninitialize();
-    return 0;
+    // Nobody uses it any more, but what it has started leads into it.
+    constexpr int unloaded = 3;
+    return GetModuleHandleW(L"Tavisk.dll") ? 0 : unloaded;
 }

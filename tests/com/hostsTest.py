@@ -30,6 +30,7 @@ HOSTS = {
     "jscript": [*SCRIPTS, windows_path(HERE / "host.js")],
     "early": [PROGRAMS / "earlyHost.exe"],
     "late": [PROGRAMS / "lateHost.exe"],
+    "free": [PROGRAMS / "lateHost.exe", "free"],
 }
 HOST = HOSTS[sys.argv.pop(1)]
 

@@ -1,5 +1,8 @@
 // A host that knows nothing but IDispatch and the names. It is called as host.vbs is; "named" gives
-// its arguments by name, the last one first.
+// its arguments by name, the last one first. With "free" as its first word it is a host of many
+// threads: the system then makes a thread for the class and carries the calls there.
+#include <cwchar>
+
 #include "hostCalls.h"
 
 namespace {
@@ -80,8 +83,9 @@ void run(int count, wchar_t** words) {
 }  // namespace
 
 int wmain(int count, wchar_t** words) {
-    OleInitialize(nullptr);
-    run(count, words);
-    OleUninitialize();
+    const bool isFree = count > 1 && std::wcscmp(words[1], L"free") == 0;
+    CoInitializeEx(nullptr, isFree ? COINIT_MULTITHREADED : COINIT_APARTMENTTHREADED);
+    run(isFree ? count - 1 : count, isFree ? words + 1 : words);
+    CoUninitialize();
     return 0;
 }

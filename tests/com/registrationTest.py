@@ -103,6 +103,9 @@ class Everything(RegistryTest):
         self.unregister(self.library)
         self.assertEqual(self.now(), self.before)
 
+    def test_a_class_of_this_user_alone_is_created(self):
+        self.skipTest("Wine looks for classes among those of all users only")
+
 
 class OwnKeys(RegistryTest):
     """Reading all keys takes long."""
