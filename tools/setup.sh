@@ -2,7 +2,7 @@
 # Installs the Debian packages that are missing for the named groups of tasks; says nothing when
 # there is nothing to do.
 #
-#     tools/setup.sh GROUP...        groups: build display show test bench fuzz windows style
+#     tools/setup.sh GROUP...        groups: build display show test bench fuzz windows style ci
 set -euo pipefail
 
 packages() {
@@ -79,6 +79,13 @@ packages() {
             echo clang-format     # lays out the sources
             echo clang-tidy       # reads them for mistakes
             echo libclang-rt-dev  # headers of its own compiler
+            ;;
+        ci)
+            packages test
+            packages windows
+            packages fuzz
+            packages style
+            echo ccache           # keeps what was compiled before
             ;;
         *)
             echo "tools/setup.sh: no group '$1'" >&2
