@@ -24,6 +24,8 @@ public:
     ComObject() = default;
     ComObject(const ComObject&) = delete;
     ComObject& operator=(const ComObject&) = delete;
+    /// Stands behind the interfaces' methods in the table of functions.
+    virtual ~ComObject() = default;
 
     ULONG TAVISK_METHOD AddRef() final { return ++references_; }
 
@@ -34,8 +36,6 @@ public:
     }
 
 protected:
-    virtual ~ComObject() = default;
-
     /// Answers QueryInterface with one of the object's interfaces, or with none.
     template <class Interface>
     static HRESULT handOut(Interface* found, void** object) {
