@@ -43,6 +43,15 @@ TEST_F(AnswerBoxTest, TwoAdjacentBackquotesAreOlive) {
     EXPECT_EQ(shownColours(box), ".oo.");
 }
 
+TEST_F(AnswerBoxTest, CarriageReturnsOfTheDocumentStay) {
+    window.showNode(u"a\r\n`x`\rb");
+    EXPECT_EQ(box.text(), u"a\r\n`x`\rb");
+    EXPECT_EQ(shownColours(box), "...ooo..");
+    box.SetInsertionPointEnd();
+    put(u"c");
+    EXPECT_EQ(window.panelText().text, u"a\r\n`x`\rbc");
+}
+
 TEST_F(AnswerBoxTest, AMarkerMayGoOverSeveralLines) {
     window.showNode(u"a `x\ny` b");
     EXPECT_EQ(shownColours(box), "..ooooo..");

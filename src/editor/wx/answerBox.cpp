@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/wx/strings.h"
+#include "editor/wx/boxText.h"
 
 namespace tavisk {
 namespace {
@@ -49,13 +49,13 @@ void AnswerBox::replace(const std::u16string& before, const std::u16string& afte
     SetInsertionPoint(static_cast<long>(from));
     // Writing nothing would send an event nevertheless.
     if (difference.inserted == 0) return;
-    WriteText(toWx(std::u16string_view(after).substr(difference.start, difference.inserted)));
+    WriteText(textForBox(std::u16string_view(after).substr(difference.start, difference.inserted)));
     ShowPosition(GetInsertionPoint());
 }
 
 void AnswerBox::showOther(const std::u16string& text, const std::vector<Token>& tokens) {
     if (buffer_.text() != text) {
-        ChangeValue(toWx(std::u16string_view(text)));
+        ChangeValue(textForBox(text));
         clearColours(text.size());
     }
     near_ = {0, aroundView};

@@ -5,6 +5,7 @@
 #include <wx/textctrl.h>
 
 #include "editor/wx/answerBuffer.h"
+#include "editor/wx/carriageReturn_msw.h"
 // after those of wxWidgets
 #include <wx/msw/wrapwin.h>
 // after windows.h
@@ -105,6 +106,7 @@ struct AnswerBuffer::Native {
         // The ends of paragraphs, and the lines of one that Shift+Enter makes.
         std::replace_if(
             units.begin(), units.end(), [](char16_t c) { return c == u'\r' || c == u'\v'; }, u'\n');
+        std::replace(units.begin(), units.end(), carriageReturnInBox, u'\r');
         return units;
     }
     Selection selection() const {
