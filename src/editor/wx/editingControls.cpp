@@ -102,9 +102,9 @@ wxSizer* buildEditing(wxWindow* parent, EditorControls& controls) {
     setAccessiblePicture(*controls.Picture1, "Picture preview");
 
     const wxSize leastText(200, 72);
-    controls.txtValue->SetMinSize(leastText);
+    controls.txtValue->SetMinSize(frame->FromDIP(leastText));
     const wxSize leastPicture(120, 72);
-    controls.Picture1->SetMinSize(leastPicture);
+    controls.Picture1->SetMinSize(frame->FromDIP(leastPicture));
 
     auto* const text = new wxBoxSizer(wxHORIZONTAL);
     text->Add(controls.txtValue, wxSizerFlags(4).Expand());

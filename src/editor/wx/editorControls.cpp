@@ -15,7 +15,8 @@
 namespace tavisk {
 namespace {
 
-/// Without the frame that a desktop draws around: with it, 1024 by 700 are enough everywhere.
+/// In pixels at 100 %, without the frame that a desktop draws around: with it, 1024 by 700 are
+/// enough everywhere.
 const wxSize leastSize(1012, 660);
 const wxSize roomForFrame(12, 50);
 const wxSize usualSize(1200, 860);
@@ -75,8 +76,8 @@ wxWindow* buildDetails(wxWindow* parent, EditorControls& controls) {
 void setSize(wxFrame& frame, wxSize size) {
     const int display = wxDisplay::GetFromWindow(&frame);
     const wxDisplay screen(display == wxNOT_FOUND ? 0U : static_cast<unsigned>(display));
-    size.DecTo(screen.GetClientArea().GetSize() - roomForFrame);
-    size.IncTo(leastSize);
+    size.DecTo(screen.GetClientArea().GetSize() - frame.FromDIP(roomForFrame));
+    size.IncTo(frame.FromDIP(leastSize));
     frame.SetSize(size);
     frame.CentreOnScreen();
 }
@@ -105,8 +106,8 @@ EditorControls buildEditor(wxFrame& frame) {
     frame.SetName("frmMain");
     frame.SetTitle("Library Help XML Editor");
     // Before there is anything in it: laid out in a tiny window, controls have no room at all.
-    frame.SetMinSize(leastSize);
-    setSize(frame, usualSize);
+    frame.SetMinSize(frame.FromDIP(leastSize));
+    setSize(frame, frame.FromDIP(usualSize));
     placeByRealSize(frame);
     EditorControls controls;
     buildMenus(frame, controls);

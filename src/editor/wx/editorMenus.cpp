@@ -71,7 +71,7 @@ void buildMenus(wxFrame& frame, EditorControls& controls) {
 void buildToolbar(wxFrame& frame, EditorControls& controls) {
     wxToolBar* const toolbar =
         frame.CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | wxTB_NODIVIDER, wxID_ANY, "toolNodes");
-    toolbar->SetToolBitmapSize(wxSize(iconSize, iconSize));
+    toolbar->SetToolBitmapSize(toolbar->FromDIP(wxSize(iconSize, iconSize)));
     for (const auto& [id, command] : toolEntries()) {
         if (std::ranges::count(groupStarts, command->toolIndex)) toolbar->AddSeparator();
         toolbar->AddTool(id, command->toolTip, icon(command->icon, iconSize),
