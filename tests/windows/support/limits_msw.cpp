@@ -50,6 +50,8 @@ constexpr std::array limits{
           noEngine},
     Limit{"AnswerBoxInputTest.ColouringLetsAnInputMethodFinish", always,
           "an input method would have to be installed"},
+    Limit{"FrmMainInput.EscapeGivesUpWhatAnInputMethodComposesAndNothingElse", always,
+          "an input method would have to be installed"},
     Limit{"AnswerBoxInputTest.CtrlTabInsertsNothing", always,
           "on Windows Ctrl+Tab is not a key that leaves a control"},
 };
