@@ -32,10 +32,13 @@ std::string fileAddress(const std::string& path) {
     const fs::path native(std::u8string(path.begin(), path.end()));
     const std::u8string full = fs::absolute(native).lexically_normal().generic_u8string();
     constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string address = "file://";
-    for (const char8_t unit : full) {
+    // A path may begin with a server, with the root, or with a drive.
+    const bool onServer = full.starts_with(u8"//");
+    const bool onDrive = !full.starts_with(u8"/");
+    std::string address = onServer ? "file:" : onDrive ? "file:///" : "file://";
+    for (const char8_t& unit : full) {
         const char c = static_cast<char>(unit);
-        if (standsForItself(c)) {
+        if (standsForItself(c) || (onDrive && &unit == &full[1])) {
             address += c;
         } else {
             address += {'%', digits[unit >> 4U], digits[unit & 15U]};
