@@ -16,8 +16,8 @@ namespace tavisk::test {
 struct Asked {
     explicit Asked(HWND window) {
         const HRESULT found =
-            AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
-                                       reinterpret_cast<void**>(&object));
+            AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT),
+                                       __uuidof(IAccessible), reinterpret_cast<void**>(&object));
         if (FAILED(found)) object = nullptr;
     }
     Asked(const Asked&) = delete;
