@@ -22,6 +22,7 @@
 #include "host/noFiles.h"
 #include "host/output.h"
 #include "host/progress.h"
+#include "host/terminal.h"
 #include "platform/assets.h"
 #include "platform/error.h"
 #include "platform/paths.h"
@@ -208,7 +209,7 @@ ExitCode report(const RunTimeError& error, const std::string* file, const Stream
     streams.err << "Run-time error '" << error.number() << "': " << error.what() << '\n';
     if (file != nullptr) streams.err << "File: " << *file << '\n';
     if (error.number() == static_cast<int>(ErrorNumber::cannotLoadObject)) {
-        streams.err << "A window needs a display: is DISPLAY or WAYLAND_DISPLAY set?\n";
+        streams.err << missingForWindows();
     }
     streams.err << std::flush;
     return ExitCode::runTimeError;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavisk {
@@ -10,6 +11,9 @@ namespace tavisk {
 std::vector<std::string> commandArguments(int count, char** words);
 
 bool errorOutputIsTerminal();
+
+/// A line on what may be missing where no window can be shown; empty where nothing is known.
+std::string_view missingForWindows();
 
 /// Bytes go through the standard streams as they are, and a terminal shows them as UTF-8.
 void passBytesThrough();

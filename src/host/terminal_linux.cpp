@@ -11,6 +11,10 @@ std::vector<std::string> commandArguments(int count, char** words) {
 
 bool errorOutputIsTerminal() { return ::isatty(STDERR_FILENO) == 1; }
 
+std::string_view missingForWindows() {
+    return "A window needs a display: is DISPLAY or WAYLAND_DISPLAY set?\n";
+}
+
 void passBytesThrough() {}
 
 void reportFailedWrites() {

@@ -32,6 +32,8 @@ bool errorOutputIsTerminal() {
     return ::GetConsoleMode(::GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
 }
 
+std::string_view missingForWindows() { return {}; }
+
 void passBytesThrough() {
     for (std::FILE* const stream : {stdin, stdout, stderr})
         ::_setmode(::_fileno(stream), _O_BINARY);
