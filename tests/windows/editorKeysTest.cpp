@@ -11,6 +11,7 @@
 #include <wx/stattext.h>
 #include <wx/uiaction.h>
 
+#include "platform/wx/nativeExtras.h"
 #include "windows/support/editorFrame.h"
 #include "windows/support/focus.h"
 
@@ -90,8 +91,8 @@ TEST_F(EditorKeysTest, TabGoesThroughTheWindowInItsOrder) {
         controls.chkColumnBreak,
         controls.cmdPreview,
         controls.cmdRefreshButton,
-        controls.cmdCancel,
-        controls.cmdOK,
+        okStandsLast() ? controls.cmdCancel : controls.cmdOK,
+        okStandsLast() ? controls.cmdOK : controls.cmdCancel,
     };
     focus(order.front());
     for (std::size_t i = 1; i < order.size(); ++i) {
