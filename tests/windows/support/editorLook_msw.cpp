@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <wx/dcclient.h>
 #include <wx/msw/wrapwin.h>
+// after windows.h
+#include <commctrl.h>
 
 #include "platform/wx/strings.h"
 #include "windows/support/editorLook.h"
@@ -19,7 +21,14 @@ wxString windowText(const wxWindow& window) {
 
 }  // namespace
 
-int leastWidth(wxWindow& control) { return control.GetBestSize().x; }
+int leastWidth(wxWindow& control) {
+    // A button's best size is that of all buttons.
+    SIZE needed{};
+    if (dynamic_cast<wxButton*>(&control) &&
+        SendMessageW(handleOf(control), BCM_GETIDEALSIZE, 0, reinterpret_cast<LPARAM>(&needed)))
+        return static_cast<int>(needed.cx);
+    return control.GetBestSize().x;
+}
 
 std::string drawnText(const wxStaticText& label) {
     return utf8Of(wxControl::RemoveMnemonics(windowText(label)));

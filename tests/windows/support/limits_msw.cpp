@@ -13,6 +13,10 @@ namespace {
 
 bool always() { return true; }
 
+bool isWine() {
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
 bool hasNoBrowserEngine() {
     static const bool missing = [] {
         CLSID document;
@@ -52,6 +56,10 @@ constexpr std::array limits{
           "an input method would have to be installed"},
     Limit{"FrmMainInput.EscapeGivesUpWhatAnInputMethodComposesAndNothingElse", always,
           "an input method would have to be installed"},
+    Limit{"EditorControlsTest.ToolbarButtonsAreToldByTheirToolTips", isWine,
+          "Wine tells screen readers nothing of the buttons of a toolbar"},
+    Limit{"Accessible.ToolbarKeepsTheNamesOfItsButtons", isWine,
+          "Wine tells screen readers nothing of the buttons of a toolbar"},
     Limit{"FrmMainInput.EscapeInAMenuClosesTheMenuOnly", always,
           "an open menu has a loop of its own here, in which no test can go on"},
     Limit{"AnswerBoxInputTest.CtrlTabInsertsNothing", always,
