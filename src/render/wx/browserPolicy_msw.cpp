@@ -11,6 +11,7 @@
 
 #include "platform/wx/strings.h"
 #include "render/wx/browserSite_msw.h"
+#include "render/wx/fileAddress.h"
 
 namespace tavisk {
 namespace {
@@ -111,7 +112,7 @@ struct BrowserPolicy::Native {
         constexpr LONG hyperlink = 0x40;
         switch (event.GetDispatchId()) {
             case DISPID_BEFORENAVIGATE2: {
-                const std::string address = textOf(argument(event, 1));
+                const std::string address = spelledLike(page, textOf(argument(event, 1)));
                 const VARIANT* const flags = argument(event, 2);
                 const bool clicked =
                     flags && V_VT(flags) == VT_I4 && (V_I4(flags) & hyperlink) != 0;
@@ -124,7 +125,7 @@ struct BrowserPolicy::Native {
             }
             case DISPID_NEWWINDOW3: {
                 constexpr LONG userInitiated = 0x4;
-                const std::string address = textOf(argument(event, 4));
+                const std::string address = spelledLike(page, textOf(argument(event, 4)));
                 const VARIANT* const flags = argument(event, 2);
                 const bool clicked =
                     flags && V_VT(flags) == VT_I4 && (V_I4(flags) & userInitiated) != 0;

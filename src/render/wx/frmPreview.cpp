@@ -1,7 +1,6 @@
 #include "render/wx/frmPreview.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <string_view>
 #include <utility>
 #include <wx/display.h>
@@ -13,6 +12,7 @@
 #include "platform/wx/launch.h"
 #include "platform/wx/nativeExtras.h"
 #include "platform/wx/strings.h"
+#include "render/wx/fileAddress.h"
 
 namespace tavisk {
 namespace {
@@ -20,32 +20,6 @@ namespace {
 constexpr float zoomStep = 1.1F;
 constexpr float smallestZoom = 0.3F;
 constexpr float greatestZoom = 5.0F;
-
-bool standsForItself(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           std::string_view("-._~/").find(c) != std::string_view::npos;
-}
-
-/// As the browser writes it, too, so that the page's address can be compared.
-std::string fileAddress(const std::string& path) {
-    namespace fs = std::filesystem;
-    const fs::path native(std::u8string(path.begin(), path.end()));
-    const std::u8string full = fs::absolute(native).lexically_normal().generic_u8string();
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    // A path may begin with a server, with the root, or with a drive.
-    const bool onServer = full.starts_with(u8"//");
-    const bool onDrive = !full.starts_with(u8"/");
-    std::string address = onServer ? "file:" : onDrive ? "file:///" : "file://";
-    for (const char8_t& unit : full) {
-        const char c = static_cast<char>(unit);
-        if (standsForItself(c) || (onDrive && &unit == &full[1])) {
-            address += c;
-        } else {
-            address += {'%', digits[unit >> 4U], digits[unit & 15U]};
-        }
-    }
-    return address;
-}
 
 /// Room for a page on any screen, and not more than there is.
 wxSize firstSize(const wxWindow& window) {
@@ -111,7 +85,7 @@ void frmPreview::navigate(const std::string& path) {
 }
 
 bool frmPreview::isPage(const wxWebViewEvent& event) const {
-    return utf8Of(event.GetURL()) == page_;
+    return spelledLike(page_, utf8Of(event.GetURL())) == page_;
 }
 
 void frmPreview::fillClientArea() {
