@@ -53,7 +53,7 @@ windows-libraries: setup-windows ## the libraries that it links, kept outside th
 test-windows: windows setup-show build/build.ninja ## its tests, under Wine
 	@cmake --build --preset release --target tavisk_command tavisk_pages
 	@cmake --build --preset windows-x64
-	@ctest --preset windows-x64 --parallel $(JOBS)
+	@ctest --preset windows-x64 --parallel $(JOBS) $(WINDOWS_TESTS)
 
 format: setup-style ## lay out all sources
 	@$(SOURCES) | xargs clang-format -i
