@@ -19,7 +19,7 @@ namespace {
 
 void runCorpus(const std::string& name, int (*target)(const std::uint8_t*, std::size_t)) {
     namespace fs = std::filesystem;
-    const fs::path corpus = fs::path(__FILE__).parent_path() / "../fuzz/corpus" / name;
+    const fs::path corpus = fs::path(TAVISK_FUZZ_CORPUS) / name;
     std::size_t count = 0;
     for (const fs::directory_entry& entry : fs::directory_iterator(corpus)) {
         std::ifstream file(entry.path(), std::ios::binary);
