@@ -2,7 +2,6 @@
 #include <array>
 #include <gtk/gtk.h>
 #include <limits>
-#include <ranges>
 #include <string_view>
 #include <utility>
 #include <wx/textctrl.h>
@@ -221,8 +220,8 @@ bool AnswerBuffer::isUntouched() const {
 void AnswerBuffer::colour(const std::vector<ColourRun>& runs) {
     native_->colouring = true;
     // A tag is found by walking over all tags before it in its line, so the last run comes first.
-    for (const ColourRun& run : runs | std::views::reverse)
-        native_->colour(run);
+    std::for_each(runs.rbegin(), runs.rend(),
+                  [this](const ColourRun& run) { native_->colour(run); });
     native_->colouring = false;
 }
 
