@@ -1,7 +1,6 @@
 #include "editor/wx/editorControls.h"
 
 #include <algorithm>
-#include <wx/dc.h>
 #include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/panel.h>
@@ -53,8 +52,7 @@ public:
 
 protected:
     void DrawSash(wxDC& dc) override {
-        dc.SetBackground(GetParent()->GetBackgroundColour());
-        dc.Clear();
+        paintGap(dc, *GetParent(), {GetSashPosition(), 0, GetSashSize(), GetClientSize().y});
     }
 };
 

@@ -6,9 +6,12 @@
 class wxButton;
 class wxCheckBox;
 class wxChoice;
+class wxDC;
+class wxRect;
 class wxStaticBox;
 class wxStaticText;
 class wxTopLevelWindow;
+class wxWindow;
 
 namespace tavisk {
 
@@ -35,6 +38,9 @@ void wrapText(wxStaticText& label, int lines);
 /// Room around the text, for a label with a background of its own. Returns what of it the label's
 /// best size does not include.
 wxSize padText(wxStaticText& label);
+
+/// Paints what is between the controls of `window` where the desktop leaves that to the program.
+void paintGap(wxDC& dc, const wxWindow& window, const wxRect& gap);
 
 /// For a list of thousands of names of any length: opening the window costs no more for them, and a
 /// name that is longer than the list is wide is shown with its middle left out.

@@ -70,6 +70,9 @@ wxSize padText(wxStaticText& label) {
     return {};
 }
 
+// Controls are drawn on the same surface, which has its background already.
+void paintGap(wxDC&, const wxWindow&, const wxRect&) {}
+
 void expectManyNames(wxChoice& list) {
     GtkWidget* const widget = list.GetHandle();
     // As a menu, every entry would be a control of its own: 2,000 of them take seconds.

@@ -2,6 +2,7 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
+#include <wx/dc.h>
 #include <wx/dcclient.h>
 #include <wx/settings.h>
 #include <wx/statbox.h>
@@ -78,6 +79,12 @@ wxSize padText(wxStaticText& label) {
     label.Bind(wxEVT_PAINT, [&label](wxPaintEvent&) { drawPadded(label); });
     label.Bind(wxEVT_ERASE_BACKGROUND, [](wxEraseEvent&) {});
     return label.FromDIP(paddingOfText * 2);
+}
+
+void paintGap(wxDC& dc, const wxWindow& window, const wxRect& gap) {
+    dc.SetPen(*wxTRANSPARENT_PEN);
+    dc.SetBrush(window.GetBackgroundColour());
+    dc.DrawRectangle(gap);
 }
 
 void expectManyNames(wxChoice&) {}
