@@ -35,4 +35,13 @@ NavigationAnswer answerNavigation(const Navigation& navigation, std::string_view
                                               : NavigationAnswer::ignore;
 }
 
+NavigationAnswer HeldPage::answer(const Navigation& navigation) {
+    // What a page asks for comes after the page itself.
+    if (loading_ && !navigation.newWindow && navigation.address == address_) {
+        loading_ = false;
+        return NavigationAnswer::show;
+    }
+    return answerNavigation(navigation, address_);
+}
+
 }  // namespace tavisk

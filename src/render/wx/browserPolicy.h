@@ -24,6 +24,22 @@ enum class NavigationAnswer { show, openOutside, ignore };
 /// of files stay closed, because opening a file can start a program.
 NavigationAnswer answerNavigation(const Navigation& navigation, std::string_view page);
 
+/// The one page that a browser is held to, and the answers about it.
+class HeldPage {
+public:
+    /// The browser will ask for this page next.
+    void load(const std::string& address) {
+        address_ = address;
+        loading_ = true;
+    }
+    const std::string& address() const { return address_; }
+    NavigationAnswer answer(const Navigation& navigation);
+
+private:
+    std::string address_;
+    bool loading_ = false;  ///< the page was asked for, and nothing has been answered yet
+};
+
 /// Keys that are the window's, whatever the page is doing.
 enum class BrowserKey { close, zoomIn, zoomOut, zoomNormal };
 

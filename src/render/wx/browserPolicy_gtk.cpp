@@ -118,8 +118,7 @@ struct BrowserPolicy::Native {
     GtkWindow* window = nullptr;
     GtkAccelGroup* keys = nullptr;
     BrowserEvents events;
-    std::string page;
-    bool loading = false;  ///< the page was asked for, and nothing has been answered yet
+    HeldPage page;
 
     /// An exception must not reach the engine; the window reports those of its own actions.
     template <class Action>
@@ -130,15 +129,6 @@ struct BrowserPolicy::Native {
         }
     }
 
-    NavigationAnswer answer(const Navigation& navigation) {
-        // What a page asks for comes after the page itself.
-        if (loading && !navigation.newWindow && navigation.address == page) {
-            loading = false;
-            return NavigationAnswer::show;
-        }
-        return answerNavigation(navigation, page);
-    }
-
     bool mayNavigate(WebKitNavigationAction* action, bool newWindow) {
         const char* uri = webkit_uri_request_get_uri(webkit_navigation_action_get_request(action));
         const Navigation navigation{
@@ -147,7 +137,7 @@ struct BrowserPolicy::Native {
                                WEBKIT_NAVIGATION_TYPE_LINK_CLICKED &&
                            webkit_navigation_action_is_user_gesture(action),
             .newWindow = newWindow};
-        const NavigationAnswer answer = this->answer(navigation);
+        const NavigationAnswer answer = page.answer(navigation);
         if (answer == NavigationAnswer::openOutside)
             guard([&] { events.addressClicked(std::string(navigation.address)); });
         return answer == NavigationAnswer::show;
@@ -247,8 +237,7 @@ BrowserPolicy::~BrowserPolicy() {
 }
 
 void BrowserPolicy::load(const std::string& address) {
-    native_->page = address;
-    native_->loading = true;
+    native_->page.load(address);
     webkit_web_view_load_uri(native_->view, address.c_str());
 }
 

@@ -87,17 +87,8 @@ struct BrowserPolicy::Native {
         }
     }
 
-    NavigationAnswer answer(const Navigation& navigation) {
-        // What a page asks for comes after the page itself.
-        if (loading && !navigation.newWindow && navigation.address == page) {
-            loading = false;
-            return NavigationAnswer::show;
-        }
-        return answerNavigation(navigation, page);
-    }
-
     bool mayNavigate(const Navigation& navigation) {
-        const NavigationAnswer decision = answer(navigation);
+        const NavigationAnswer decision = page.answer(navigation);
         if (decision == NavigationAnswer::openOutside)
             guard([&] { events.addressClicked(std::string(navigation.address)); });
         return decision == NavigationAnswer::show;
@@ -112,12 +103,12 @@ struct BrowserPolicy::Native {
         constexpr LONG hyperlink = 0x40;
         switch (event.GetDispatchId()) {
             case DISPID_BEFORENAVIGATE2: {
-                const std::string address = spelledLike(page, textOf(argument(event, 1)));
+                const std::string address = spelledLike(page.address(), textOf(argument(event, 1)));
                 const VARIANT* const flags = argument(event, 2);
                 const bool clicked =
                     flags && V_VT(flags) == VT_I4 && (V_I4(flags) & hyperlink) != 0;
                 // The empty page comes before the first one.
-                if (address == "about:blank" && page.empty()) return;
+                if (address == "about:blank" && page.address().empty()) return;
                 if (mayNavigate({.address = address, .linkClicked = clicked})) return;
                 cancel(argument(event, 6));
                 event.Skip(false);
@@ -125,7 +116,7 @@ struct BrowserPolicy::Native {
             }
             case DISPID_NEWWINDOW3: {
                 constexpr LONG userInitiated = 0x4;
-                const std::string address = spelledLike(page, textOf(argument(event, 4)));
+                const std::string address = spelledLike(page.address(), textOf(argument(event, 4)));
                 const VARIANT* const flags = argument(event, 2);
                 const bool clicked =
                     flags && V_VT(flags) == VT_I4 && (V_I4(flags) & userInitiated) != 0;
@@ -163,8 +154,7 @@ struct BrowserPolicy::Native {
 
     wxWebView& view;
     BrowserEvents events;
-    std::string page;
-    bool loading = false;  ///< the page was asked for, and nothing has been answered yet
+    HeldPage page;
     BrowserSite site;
 };
 
@@ -174,8 +164,7 @@ BrowserPolicy::BrowserPolicy(wxWebView& browser, BrowserEvents events)
 BrowserPolicy::~BrowserPolicy() = default;
 
 void BrowserPolicy::load(const std::string& address) {
-    native_->page = address;
-    native_->loading = true;
+    native_->page.load(address);
     native_->view.LoadURL(toWx(address));
 }
 
