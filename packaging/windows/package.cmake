@@ -19,7 +19,7 @@ endforeach()
 
 set(package ${CMAKE_BINARY_DIR}/Tavisk-${PROJECT_VERSION}-windows-${TAVISK_ARCH}.zip)
 file(GLOB packaged CONFIGURE_DEPENDS
-  ${CMAKE_SOURCE_DIR}/examples/windows/* ${packaging}/* ${TAVISK_LIBRARIES}/licences/*)
+  ${CMAKE_SOURCE_DIR}/examples/door.xml ${CMAKE_SOURCE_DIR}/examples/windows/* ${packaging}/* ${TAVISK_LIBRARIES}/licences/*)
 add_custom_command(OUTPUT ${package}
   COMMAND ${TAVISK_PYTHON} ${packaging}/package.py ${package} --build ${CMAKE_BINARY_DIR}
           --libraries ${TAVISK_LIBRARIES}

@@ -38,7 +38,8 @@ def contents(build, libraries):
         yield name, (SOURCE / "assets" / name).read_bytes()
     for name in ("install.cmd", "uninstall.cmd", "README.txt"):
         yield name, (build / "package" / name).read_bytes()
-    for example in sorted((SOURCE / "examples" / "windows").iterdir()):
+    examples = SOURCE / "examples"
+    for example in (examples / "door.xml", *sorted((examples / "windows").iterdir())):
         yield f"examples/{example.name}", with_line_ends(example.read_text(encoding="utf-8"))
     for name, file in licences(libraries):
         yield f"licences/{name}", with_line_ends(file.read_text(encoding="utf-8"))

@@ -164,8 +164,7 @@ class Registration(ComTest):
 class Examples(ComTest):
     def test_the_smallest_hosts_edit_what_they_are_given(self):
         self.registered()
-        for words in ([sys.executable, EXAMPLES / "linux" / "edit.py"],
-                      [self.compiled(EXAMPLES / "linux" / "edit.cpp")]):
+        for words in ([self.compiled(EXAMPLES / "linux" / "edit.cpp")],):
             with self.subTest(host=words[-1]):
                 document = self.document(PLAIN)
                 host = self.example([*words, document])
