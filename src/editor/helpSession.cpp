@@ -4,7 +4,6 @@
 #include <utility>
 #include <variant>
 
-#include "document/helpDocument.h"
 #include "document/nodeKeys.h"
 #include "document/xmlParse.h"
 #include "formulas/formulaExport.h"
@@ -113,14 +112,15 @@ HelpSession::HelpSession(Files& files, std::string folder)
     : files_(files), folder_(std::move(folder)), IMG_TEMP(folder_ + "/temp_images/") {}
 
 std::optional<Message> HelpSession::load(dom::Source source, Keep keep) {
-    unload();
-    xmlText.clear();
-    panel = NodePanel();
-    keep_ = keep;
+    begin(keep);  // memory of the document before is free for this one
     auto opened = openHelpDocument(std::move(source));
     if (auto* refusal = std::get_if<Message>(&opened)) return std::move(*refusal);
+    load(std::get<HelpDocument>(std::move(opened)), keep);
+    return std::nullopt;
+}
 
-    auto& document = std::get<HelpDocument>(opened);
+void HelpSession::load(HelpDocument document, Keep keep) {
+    begin(keep);
     articledoc = std::move(document.articledoc);
     baseXMLNode = document.cabinet;
     try {
@@ -130,7 +130,13 @@ std::optional<Message> HelpSession::load(dom::Source source, Keep keep) {
         xmlText.clear();
         throw;
     }
-    return std::nullopt;
+}
+
+void HelpSession::begin(Keep keep) {
+    unload();
+    xmlText.clear();
+    panel = NodePanel();
+    keep_ = keep;
 }
 
 void HelpSession::unload() noexcept {

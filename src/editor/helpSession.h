@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "document/helpDocument.h"
 #include "editor/nodePanel.h"
 #include "formulas/formulaCatalogue.h"
 #include "platform/dialogs.h"
@@ -45,6 +46,8 @@ public:
     /// when saving, for callers that only render or write the document out: `changed` means nothing
     /// then.
     std::optional<Message> load(dom::Source source, Keep keep = Keep::savedText);
+    /// The same for a document that is open already.
+    void load(HelpDocument document, Keep keep = Keep::savedText);
     /// `xmlText` stays, so that it can be fetched after the window has closed.
     void unload() noexcept;
     bool loaded() const noexcept { return articledoc != nullptr; }
@@ -92,6 +95,7 @@ public:
     std::string xmlText;
 
 private:
+    void begin(Keep keep);
     void loadChecked();
     void fillFormulaList();
     void fillImageList();

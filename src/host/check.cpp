@@ -1,6 +1,8 @@
 #include "host/check.h"
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -8,6 +10,7 @@
 #include "document/helpDocument.h"
 #include "host/nodeChecks.h"
 #include "host/rehearsal.h"
+#include "host/sourcePlaces.h"
 #include "host/storeChecks.h"
 #include "host/tokenNames.h"
 #include "platform/text.h"
@@ -15,21 +18,33 @@
 namespace tavisk {
 namespace {
 
-bool hasErrors(const Findings& findings) {
-    return std::ranges::find(findings, Severity::error, &Finding::severity) != findings.end();
+/// Tells where the findings stand. The document is as it was parsed.
+void setPlaces(FindingList& findings, const dom::Document& document, const dom::Source& source) {
+    if (findings.findings().empty()) return;
+    SourcePlaces places(document, {source.bytes.get(), source.size});
+    for (std::size_t i = 0; i < findings.nodes().size(); ++i) {
+        const Finding& finding = findings.findings()[i];
+        findings.setPlace(i, places.of(*findings.nodes()[i], finding.attribute, finding.position));
+    }
 }
 
-void checkByDoing(HelpDocument& document, dom::Source source,
-                  const std::unordered_set<const dom::Node*>& failing, Findings& findings) {
-    const std::optional<Failure> failure = rehearse(std::move(source));
-    if (!failure) return;
-    findFailingNodes(*document.articledoc, *document.cabinet, failing, findings);
-    // What is known already explains the failure.
-    if (hasErrors(findings)) return;
-    findings.push_back({Severity::error, failure->code, "", "", std::nullopt,
-                        "The document cannot be " + std::string(failure->step) +
-                            ": run-time error " + std::to_string(failure->error.number()) + ", " +
-                            failure->error.what()});
+/// What a failed rehearsal comes from; it has used up its own document.
+Findings explain(const Failure& failure, const dom::Source& source, const NodeNumbers& known,
+                 bool explained, Places places) {
+    FindingList found;
+    auto opened = openHelpDocument(source);
+    auto& document = std::get<HelpDocument>(opened);
+    findFailingNodes(document, known, found);
+    if (places == Places::wanted) setPlaces(found, *document.articledoc, source);
+    explained = explained || found.hasErrors();
+    Findings findings = std::move(found).take();
+    if (!explained) {
+        findings.push_back({Severity::error, failure.code, "", "", std::nullopt,
+                            "The document cannot be " + std::string(failure.step) +
+                                ": run-time error " + std::to_string(failure.error.number()) +
+                                ", " + failure.error.what()});
+    }
+    return findings;
 }
 
 }  // namespace
@@ -40,24 +55,34 @@ Finding rejection(const Message& message) {
         text = replaceAll(replaceAll(text, "\r\n\r\n", " "), "\r\n", " ");
         return {Severity::error, "document-rejected", "", "", std::nullopt, std::move(text)};
     }
+    std::optional<Place> place;
     if (const std::size_t line = text.rfind("\r\n"); line != std::string::npos) {
-        text = text.substr(0, line) + " (" + text.substr(line + 2) + ')';
+        const std::string where = text.substr(line + 2);  // "line 3"
+        place = Place{static_cast<std::size_t>(leadingNumber(where.substr(where.find(' ') + 1)))};
+        text = text.substr(0, line) + " (" + where + ')';
     }
-    return {Severity::error, "not-well-formed", "", "", std::nullopt, std::move(text)};
+    return {Severity::error, "not-well-formed", "", "", std::nullopt, std::move(text), place};
 }
 
-Findings checkDocument(dom::Source source) {
-    dom::Source again = source;
-    std::variant<HelpDocument, Message> opened = openHelpDocument(std::move(source));
+Findings checkDocument(dom::Source source, Places places) {
+    std::variant<HelpDocument, Message> opened = openHelpDocument(source);
     if (const Message* message = std::get_if<Message>(&opened)) return {rejection(*message)};
 
     auto& document = std::get<HelpDocument>(opened);
-    Findings findings;
+    FindingList list;
     TokenNames names(*document.articledoc);
-    const auto failing = checkNodes(*document.cabinet, names, findings);
-    checkFormulas(names, findings);
-    checkPictures(names, findings);
-    checkByDoing(document, std::move(again), failing, findings);
+    const NodeNumbers failing = checkNodes(*document.cabinet, names, list);
+    checkFormulas(names, list);
+    checkPictures(names, list);
+    if (places == Places::wanted) setPlaces(list, *document.articledoc, source);
+
+    const bool explained = list.hasErrors();
+    Findings findings = std::move(list).take();
+    // From here on the tree is not what it was, and `names` means nothing.
+    if (const std::optional<Failure> failure = rehearse(std::move(document))) {
+        std::ranges::move(explain(*failure, source, failing, explained, places),
+                          std::back_inserter(findings));
+    }
     return findings;
 }
 

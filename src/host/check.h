@@ -1,17 +1,18 @@
 // Everything that an author wants to know about a document before it goes out.
 #pragma once
 
-#include <vector>
-
 #include "host/finding.h"
 #include "platform/dom.h"
 #include "platform/message.h"
 
 namespace tavisk {
 
+enum class Places { left, wanted };
+
 /// In document order: the nodes, then the formulas, then the pictures. When there is no error among
-/// them, the document can be loaded, shown with its values and saved.
-Findings checkDocument(dom::Source source);
+/// them, the document can be loaded, shown with its values and saved. Finding their places in the
+/// text takes a little longer.
+Findings checkDocument(dom::Source source, Places places = Places::left);
 
 /// The finding for a document that loading would refuse with this message.
 Finding rejection(const Message& message);

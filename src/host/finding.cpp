@@ -1,6 +1,17 @@
 #include "host/finding.h"
 
+#include <algorithm>
+
 namespace tavisk {
+
+void FindingList::add(const dom::Node* node, Finding finding) {
+    findings_.push_back(std::move(finding));
+    nodes_.push_back(node);
+}
+
+bool FindingList::hasErrors() const {
+    return std::ranges::find(findings_, Severity::error, &Finding::severity) != findings_.end();
+}
 
 std::string inQuotes(std::string_view utf8) {
     constexpr std::size_t longest = 80;

@@ -5,7 +5,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
+
+#include "platform/dom.h"
 
 namespace tavisk {
 
@@ -13,18 +16,44 @@ namespace tavisk {
 /// warning is most likely not what was meant.
 enum class Severity { error, warning };
 
+/// A place in the text of a document; both count from 1, columns in UTF-16 code units.
+struct Place {
+    std::size_t line = 1;
+    std::optional<std::size_t> column = std::nullopt;
+
+    bool operator==(const Place&) const = default;
+};
+
 struct Finding {
     Severity severity = Severity::error;
     std::string_view code;  ///< a literal in kebab-case; stable from version to version
     std::string key;        ///< a node's key, or a formula or picture; empty: the whole document
     std::string attribute;  ///< empty: none
-    std::optional<std::size_t> position;  ///< UTF-16 code units from the start of the text
-    std::string message;                  ///< a sentence in plain words
+    std::optional<std::size_t> position;        ///< UTF-16 code units from the start of the text
+    std::string message;                        ///< a sentence in plain words
+    std::optional<Place> place = std::nullopt;  ///< where it is known and was asked for
 
     bool operator==(const Finding&) const = default;
 };
 
 using Findings = std::vector<Finding>;
+
+/// Findings while their document is there, each with the node it is about, if there is one.
+class FindingList {
+public:
+    void add(const dom::Node* node, Finding finding);
+
+    const Findings& findings() const noexcept { return findings_; }
+    /// One for each finding.
+    const std::vector<const dom::Node*>& nodes() const noexcept { return nodes_; }
+    bool hasErrors() const;
+    void setPlace(std::size_t index, Place place) { findings_[index].place = place; }
+    Findings take() && { return std::move(findings_); }
+
+private:
+    Findings findings_;
+    std::vector<const dom::Node*> nodes_;
+};
 
 /// A text of the document inside a message: in quotation marks, cut when it is long.
 std::string inQuotes(std::string_view utf8);

@@ -48,12 +48,12 @@ bool isSet(const dom::Node& node, std::string_view flag) {
 
 class NodeChecks {
 public:
-    NodeChecks(const dom::Node& cabinet, TokenNames& names, Findings& findings)
+    NodeChecks(const dom::Node& cabinet, TokenNames& names, FindingList& findings)
         : cabinet_(cabinet), names_(names), findings_(findings) {}
 
     void visit(const dom::Node& node, bool nameIsTaken) {
-        node_ = &node;
-        key_.clear();
+        const std::size_t number = visited_++;
+        lookAt(node, number);
         if (&node == &cabinet_) {
             checkCabinet();
         } else {
@@ -68,22 +68,27 @@ public:
             visit(*child, child->isElement() && !names.insert(child->baseName()).second);
         }
         if (count > maxCount) {
-            node_ = &node;
-            key_.clear();
+            lookAt(node, number);
             add({Severity::error, "too-many-nodes",
                  "There are " + std::to_string(count) + " nodes below this one; " +
                      std::to_string(maxCount) + " are the limit."});
         }
     }
 
-    std::unordered_set<const dom::Node*> takeFailing() { return std::move(failing_); }
+    NodeNumbers takeFailing() { return std::move(failing_); }
 
 private:
+    void lookAt(const dom::Node& node, std::size_t number) {
+        node_ = &node;
+        number_ = number;
+        key_.clear();
+    }
+
     void add(Problem problem, std::string_view attribute = {}) {
         if (key_.empty()) key_ = KeyOfElement(*node_, keySeparator, true);
-        if (problem.severity == Severity::error) failing_.insert(node_);
-        findings_.push_back({problem.severity, problem.code, key_, std::string(attribute),
-                             problem.position, std::move(problem.message)});
+        if (problem.severity == Severity::error) failing_.insert(number_);
+        findings_.add(node_, {problem.severity, problem.code, key_, std::string(attribute),
+                              problem.position, std::move(problem.message)});
     }
 
     void addIf(std::optional<Problem> problem, std::string_view attribute = {}) {
@@ -151,9 +156,11 @@ private:
 
     const dom::Node& cabinet_;
     TokenNames& names_;
-    Findings& findings_;
-    std::unordered_set<const dom::Node*> failing_;
+    FindingList& findings_;
+    NodeNumbers failing_;
+    std::size_t visited_ = 0;
     const dom::Node* node_ = nullptr;
+    std::size_t number_ = 0;
     std::string key_;
 };
 
@@ -163,8 +170,7 @@ bool givesHeading(const dom::Node& node) {
     return node.isElement() && lowerAscii(node.nodeName()) == "code";
 }
 
-std::unordered_set<const dom::Node*> checkNodes(const dom::Node& cabinet, TokenNames& names,
-                                                Findings& findings) {
+NodeNumbers checkNodes(const dom::Node& cabinet, TokenNames& names, FindingList& findings) {
     NodeChecks checks(cabinet, names, findings);
     checks.visit(cabinet, false);
     return checks.takeFailing();

@@ -9,10 +9,12 @@
 
 namespace tavisk {
 
+/// Nodes by their number in document order; the cabinet is 0.
+using NodeNumbers = std::unordered_set<std::size_t>;
+
 /// Adds the findings of `cabinet` and of everything below it, in document order. Returns the nodes
 /// that have an error.
-std::unordered_set<const dom::Node*> checkNodes(const dom::Node& cabinet, TokenNames& names,
-                                                Findings& findings);
+NodeNumbers checkNodes(const dom::Node& cabinet, TokenNames& names, FindingList& findings);
 
 /// Whether the page's heading is taken from this element.
 bool givesHeading(const dom::Node& node);

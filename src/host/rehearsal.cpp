@@ -9,7 +9,6 @@
 #include "editor/helpSession.h"
 #include "formulas/formulaCatalogue.h"
 #include "host/noFiles.h"
-#include "host/nodeChecks.h"
 #include "host/textChecks.h"
 #include "render/nodeParse.h"
 #include "render/pageLayout.h"
@@ -55,27 +54,14 @@ private:
     std::optional<NodeParser> parser_;
 };
 
-void visit(const dom::Node& node, NodePage& page, const std::unordered_set<const dom::Node*>& known,
-           Findings& findings) {
-    if (!known.contains(&node)) {
-        if (const std::optional<Problem> problem = page.check(node)) {
-            findings.push_back({Severity::error, renderCode, KeyOfElement(node, keySeparator, true),
-                                "", std::nullopt,
-                                "With formulas and pictures filled in: " + problem->message});
-        }
-    }
-    for (const dom::Node* child = node.firstChild(); child != nullptr; child = child->next())
-        visit(*child, page, known, findings);
-}
-
 }  // namespace
 
-std::optional<Failure> rehearse(dom::Source source) {
+std::optional<Failure> rehearse(HelpDocument document) {
     Failure failure{"cannot-be-loaded", "loaded", RunTimeError(ErrorNumber::invalidArgument)};
     try {
         NoFiles files;
         HelpSession session(files, longestFolder());
-        if (session.load(std::move(source), HelpSession::Keep::nothing)) return std::nullopt;
+        session.load(std::move(document), HelpSession::Keep::nothing);
         failure.code = renderCode;
         failure.step = "shown";
         session.generatepreview(true);
@@ -89,10 +75,19 @@ std::optional<Failure> rehearse(dom::Source source) {
     }
 }
 
-void findFailingNodes(dom::Document& document, const dom::Node& cabinet,
-                      const std::unordered_set<const dom::Node*>& known, Findings& findings) {
-    NodePage page(document, cabinet);
-    visit(cabinet, page, known, findings);
+void findFailingNodes(HelpDocument& document, const NodeNumbers& known, FindingList& findings) {
+    const dom::Node& cabinet = *document.cabinet;
+    NodePage page(*document.articledoc, cabinet);
+    std::size_t number = 0;
+    for (const dom::Node* node = &cabinet; node != nullptr;
+         node = nextInDocument(*node, cabinet), ++number) {
+        if (known.contains(number)) continue;
+        if (const std::optional<Problem> problem = page.check(*node)) {
+            findings.add(
+                node, {Severity::error, renderCode, KeyOfElement(*node, keySeparator, true), "",
+                       std::nullopt, "With formulas and pictures filled in: " + problem->message});
+        }
+    }
 }
 
 }  // namespace tavisk

@@ -3,10 +3,10 @@
 
 #include <optional>
 #include <string_view>
-#include <unordered_set>
 
+#include "document/helpDocument.h"
 #include "host/finding.h"
-#include "platform/dom.h"
+#include "host/nodeChecks.h"
 #include "platform/error.h"
 
 namespace tavisk {
@@ -17,12 +17,10 @@ struct Failure {
     RunTimeError error;
 };
 
-/// Loads, shows with values, saves. None when all of it goes well. The document is one that is not
-/// rejected.
-std::optional<Failure> rehearse(dom::Source source);
+/// Loads, shows with values, saves. None when all of it goes well.
+std::optional<Failure> rehearse(HelpDocument document);
 
 /// Shows each node on its own and adds a finding for every one that fails, except `known`.
-void findFailingNodes(dom::Document& document, const dom::Node& cabinet,
-                      const std::unordered_set<const dom::Node*>& known, Findings& findings);
+void findFailingNodes(HelpDocument& document, const NodeNumbers& known, FindingList& findings);
 
 }  // namespace tavisk

@@ -25,7 +25,7 @@ bool hasAttribute(const dom::Node& element, std::string_view name) {
 /// One formula or picture, and where its findings go.
 class StoredElement {
 public:
-    StoredElement(const dom::Node& element, std::size_t number, Findings& findings)
+    StoredElement(const dom::Node& element, std::size_t number, FindingList& findings)
         : element_(element), number_(number), findings_(findings) {}
 
     bool hasTooManyAttributes() {
@@ -40,8 +40,8 @@ public:
     }
 
     void add(std::string_view attribute, Problem problem) {
-        findings_.push_back({problem.severity, problem.code, locator(), std::string(attribute),
-                             problem.position, std::move(problem.message)});
+        findings_.add(&element_, {problem.severity, problem.code, locator(), std::string(attribute),
+                                  problem.position, std::move(problem.message)});
     }
 
     void addIf(std::string_view attribute, std::optional<Problem> problem) {
@@ -65,7 +65,7 @@ private:
 
     const dom::Node& element_;
     std::size_t number_;
-    Findings& findings_;
+    FindingList& findings_;
 };
 
 /// The picture file's name, with the defaults that writing it has.
@@ -76,7 +76,7 @@ std::string fileName(const StoredElement& picture) {
 
 class PictureChecks {
 public:
-    PictureChecks(const TokenNames& names, Findings& findings)
+    PictureChecks(const TokenNames& names, FindingList& findings)
         : names_(names), findings_(findings) {}
 
     void check(const dom::Node& element, std::size_t number) {
@@ -153,7 +153,7 @@ private:
     }
 
     const TokenNames& names_;
-    Findings& findings_;
+    FindingList& findings_;
     std::unordered_set<std::string_view> pictureNames_;
     std::unordered_set<std::string> fileNames_;
     std::string bytes_;
@@ -161,7 +161,7 @@ private:
 
 }  // namespace
 
-void checkFormulas(const TokenNames& names, Findings& findings) {
+void checkFormulas(const TokenNames& names, FindingList& findings) {
     std::unordered_set<std::string_view> seen;
     std::size_t number = 0;
     for (const dom::Node* element : names.formulas()) {
@@ -180,7 +180,7 @@ void checkFormulas(const TokenNames& names, Findings& findings) {
     }
 }
 
-void checkPictures(const TokenNames& names, Findings& findings) {
+void checkPictures(const TokenNames& names, FindingList& findings) {
     PictureChecks checks(names, findings);
     std::size_t number = 0;
     for (const dom::Node* element : names.pictures())

@@ -6,9 +6,9 @@
 
 namespace tavisk {
 
-void checkFormulas(const TokenNames& names, Findings& findings);
+void checkFormulas(const TokenNames& names, FindingList& findings);
 
 /// After the nodes: by then it is known which pictures the texts use.
-void checkPictures(const TokenNames& names, Findings& findings);
+void checkPictures(const TokenNames& names, FindingList& findings);
 
 }  // namespace tavisk

@@ -122,8 +122,25 @@ TEST(Rejection, JoinsTheLinesOfAMessage) {
 }
 
 TEST(Rejection, PutsTheLineOfAParseErrorBehindIt) {
-    EXPECT_EQ(rejection({"Reason\r\nline 7"}), (Finding{Severity::error, "not-well-formed", "", "",
-                                                        std::nullopt, "Reason (line 7)"}));
+    EXPECT_EQ(rejection({"Reason\r\nline 7"}),
+              (Finding{Severity::error, "not-well-formed", "", "", std::nullopt, "Reason (line 7)",
+                       Place{7}}));
+}
+
+TEST(Places, AreToldWhereTheyAreWanted) {
+    const std::string xml = "<cabinetinfo>\n <cabinet><A value='a `b`'/></cabinet></cabinetinfo>";
+    EXPECT_EQ(check(xml).at(0).place, std::nullopt);
+    EXPECT_EQ(checkDocument(dom::Source::copy(xml), Places::wanted).at(0).place, (Place{2, 23}));
+}
+
+TEST(Places, OfNodesThatFailOnlyWithTheirValues) {
+    const std::string xml =
+        "<cabinetinfo><cabinet><A/>\n<B value='`f`'/></cabinet><formula name='f' "
+        "value='\xC5\x82'/></cabinetinfo>";
+    const Findings findings = checkDocument(dom::Source::copy(xml), Places::wanted);
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_EQ(findings[0].code, "cannot-be-rendered");
+    EXPECT_EQ(findings[0].place, (Place{2, 1}));
 }
 
 }  // namespace

@@ -13,10 +13,10 @@ namespace {
 std::string findingsOf(std::string_view cabinet) {
     const auto document = test::parsed("<cabinetinfo>" + std::string(cabinet) + "</cabinetinfo>");
     TokenNames names(*document);
-    Findings findings;
+    FindingList findings;
     checkNodes(test::element(*document, "cabinet"), names, findings);
     std::string lines;
-    for (const Finding& finding : findings) {
+    for (const Finding& finding : findings.findings()) {
         lines += finding.severity == Severity::error ? "error " : "warning ";
         lines += std::string(finding.code) + ' ' + finding.key + ' ' + finding.attribute;
         if (finding.position) lines += '@' + std::to_string(*finding.position);
@@ -154,9 +154,9 @@ TEST(CheckNodes, ReturnsTheNodesWithErrors) {
     const auto document = test::parsed(
         "<cabinetinfo><cabinet><A style='x'/><B pagebreak='x'/></cabinet></cabinetinfo>");
     TokenNames names(*document);
-    Findings findings;
+    FindingList findings;
     const auto failing = checkNodes(test::element(*document, "cabinet"), names, findings);
-    EXPECT_EQ(failing, (std::unordered_set<const dom::Node*>{&test::element(*document, "A")}));
+    EXPECT_EQ(failing, (NodeNumbers{1}));
 }
 
 }  // namespace

@@ -15,10 +15,10 @@ Findings findingsOf(std::string_view elements) {
         test::parsed("<cabinetinfo><cabinet/>" + std::string(elements) + "</cabinetinfo>");
     TokenNames names(*document);
     names.usePicture("used");
-    Findings findings;
+    FindingList findings;
     checkFormulas(names, findings);
     checkPictures(names, findings);
-    return findings;
+    return std::move(findings).take();
 }
 
 /// One line per finding: severity, code, locator, attribute.
