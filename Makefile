@@ -5,7 +5,7 @@ FUZZ_SECONDS ?= 60
 SOURCES = find src tests bench -name '*.h' -o -name '*.cpp'
 
 .NOTPARALLEL:
-.PHONY: build run test debug sanitize bench fuzz windows windows-libraries windows-package test-windows format \
+.PHONY: build run test debug sanitize bench fuzz package windows windows-libraries windows-package test-windows format \
     check-format tidy screenshots clean help
 
 build: setup-build build/build.ninja ## the optimised command and component: build/tavisk, build/libtavisk.so
@@ -36,6 +36,9 @@ fuzz: setup-fuzz ## run each fuzzer for FUZZ_SECONDS (60)
 	@cmake --preset fuzz
 	@cmake --build --preset fuzz
 	@tools/runFuzzers.sh build-fuzz $(FUZZ_SECONDS)
+
+package: setup-package build/build.ninja ## the Debian packages: build/packages
+	@cmake --build --preset release --target tavisk_package
 
 windows: windows-libraries ## Tavisk.dll for Windows: build/windows/x64, build/windows/x86
 	@mkdir -p build

@@ -19,7 +19,8 @@ target_link_libraries(tavisk_windows PUBLIC tavisk_core ${wxWidgets_LIBRARIES})
 # What a host program loads: its public interface is all that can be seen of it.
 sources_of(component_sources ${CMAKE_SOURCE_DIR}/src/component/*.cpp)
 add_library(tavisk_component SHARED ${component_sources})
-target_include_directories(tavisk_component PUBLIC ${CMAKE_SOURCE_DIR}/include)
+target_include_directories(tavisk_component PUBLIC
+  $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/include> $<INSTALL_INTERFACE:include>)
 target_compile_definitions(tavisk_component PRIVATE TAVISK_VERSION="${PROJECT_VERSION}")
 target_link_libraries(tavisk_component PRIVATE tavisk_windows)
 if(WIN32)

@@ -6,7 +6,8 @@ pkg_check_modules(webkit REQUIRED IMPORTED_TARGET webkit2gtk-4.0)
 target_link_libraries(tavisk_windows PRIVATE PkgConfig::gtk PkgConfig::webkit)
 
 set_target_properties(tavisk_component PROPERTIES
-  OUTPUT_NAME tavisk LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+  OUTPUT_NAME tavisk EXPORT_NAME tavisk VERSION ${TAVISK_ABI} SOVERSION ${TAVISK_ABI}
+  LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 # The toolkit below cannot be unloaded, so neither can this.
 set(exports ${CMAKE_SOURCE_DIR}/src/component/exports.map)
 target_link_options(tavisk_component PRIVATE -Wl,--version-script=${exports} -Wl,-z,nodelete -Wl,-z,defs)

@@ -8,6 +8,8 @@ if(WIN32)
   set(TAVISK_XML_DEFINITIONS LIBXML_STATIC)
 else()
   set(other_systems "_(windows|msw)\\.cpp$")
+  # Addresses of other libraries are found at the start and cannot be changed afterwards.
+  add_link_options(-Wl,-z,relro,-z,now)
 endif()
 
 # sources_of(VARIABLE PATTERN...): the files that are built here.

@@ -2,7 +2,7 @@
 # Installs the Debian packages that are missing for the named groups of tasks; says nothing when
 # there is nothing to do.
 #
-#     tools/setup.sh GROUP...        groups: build display show test bench fuzz windows style ci
+#     tools/setup.sh GROUP...        groups: build display show test bench fuzz windows package style ci
 set -euo pipefail
 
 packages() {
@@ -74,6 +74,14 @@ packages() {
             echo wine64                     # its 64-bit half is enough
             echo libwine-dev                # the system's interfaces, for widl
             ;;
+        package)
+            packages build
+            echo dpkg-dev                   # finds what the packages depend on
+            echo lintian                    # Debian's rules for packages
+            echo man-db                     # reads the manual page
+            echo desktop-file-utils         # reads the desktop entry
+            echo debootstrap                # makes a clean root to try them in
+            ;;
         style)
             packages build
             echo clang-format     # lays out the sources
@@ -83,6 +91,7 @@ packages() {
         ci)
             packages test
             packages windows
+            packages package
             packages fuzz
             packages style
             echo ccache           # keeps what was compiled before

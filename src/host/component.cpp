@@ -18,7 +18,7 @@ void* load() {
     const fs::path own = commandFolder();
     std::error_code error;
     if (!own.empty()) {
-        for (const fs::path& folder : {own, own.parent_path() / "lib"}) {
+        for (const fs::path& folder : {own, own / libraryFolder, own.parent_path() / "lib"}) {
             const fs::path file = folder / componentFile;
             if (!fs::exists(file, error)) continue;
             if (void* const library = openLibrary(file)) return library;

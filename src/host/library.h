@@ -9,6 +9,9 @@ namespace tavisk {
 /// The component's file name on this system.
 extern const char* const componentFile;
 
+/// Where libraries are installed, seen from the command's folder.
+extern const char* const libraryFolder;
+
 /// Where the command's own file lies; empty when that is not known.
 std::filesystem::path commandFolder();
 

@@ -7,7 +7,10 @@ namespace tavisk {
 
 namespace fs = std::filesystem;
 
-const char* const componentFile = "libtavisk.so";
+// The name that stays as long as the interface does.
+const char* const componentFile = "libtavisk.so." TAVISK_ABI;
+
+const char* const libraryFolder = TAVISK_LIBRARY_FOLDER;
 
 fs::path commandFolder() {
     std::error_code error;

@@ -12,6 +12,8 @@ namespace fs = std::filesystem;
 
 const char* const componentFile = "Tavisk.dll";
 
+const char* const libraryFolder = "../lib";
+
 /// The core is linked into the command, so its file is the command's.
 fs::path commandFolder() { return libraryFile().parent_path(); }
 

@@ -6,7 +6,7 @@ import unittest
 
 RUN = [part for part in os.environ.get("TAVISK_RUN", "").split(";") if part]
 WINDOWS = bool(RUN)
-LIBRARY = "Tavisk.dll" if WINDOWS else "libtavisk.so"
+LIBRARY = "Tavisk.dll" if WINDOWS else "libtavisk.so.0"
 SUFFIX = ".exe" if WINDOWS else ""
 
 
