@@ -1,15 +1,34 @@
-// The smallest host: opens the editor on a document and writes it back.
+// A host in JScript: edits the help of a door.
 //
 //     cscript edit.js DOCUMENT
-//
-// The document is in the system's own code page.
-var forReading = 1;
-var files = new ActiveXObject("Scripting.FileSystemObject");
-var xml = files.OpenTextFile(WScript.Arguments(0), forReading).ReadAll();
+
+// What a real host computes from the item's construction.
+var values = {code: "D45", type: "Door", width: "450", height: "720"};
+
+function fillIn(document) {
+    var formulas = document.getElementsByTagName("formula");
+    for (var i = 0; i < formulas.length; ++i) {
+        var name = formulas.item(i).getAttribute("name");
+        if (values[name]) formulas.item(i).setAttribute("value", values[name]);
+    }
+}
 
 var component = new ActiveXObject("Tavisk.clsTavisk");
-var edited = component.editXML(xml);
+var document = new ActiveXObject("MSXML2.DOMDocument");
+document.async = false;
+document.preserveWhiteSpace = true;
+if (!document.load(WScript.Arguments(0))) {
+    WScript.Echo(document.parseError.reason);
+    WScript.Quit(1);
+}
 
-var out = files.CreateTextFile(WScript.Arguments(0), true);
-out.Write(edited);
-out.Close();
+// As long as the user refreshes, compute the values and open the editor at the same place.
+do {
+    fillIn(document);
+    var given = document.xml;
+    var edited = component.editXML(given);
+    // After an error, of which the user has been told, the host's own text comes back.
+    if (edited == given) WScript.Quit();
+    document.loadXML(edited);
+} while (document.getElementsByTagName("location").length > 0);
+document.save(WScript.Arguments(0));

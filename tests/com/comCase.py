@@ -23,6 +23,14 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
+def script(file, document):
+    """The words that run one of the examples' scripts."""
+    if file.suffix == ".vbs":
+        return ["cscript", "//nologo", windows_path(HERE / "runVbs.js"), windows_path(document),
+                windows_path(file)]
+    return ["cscript", "//nologo", windows_path(file), windows_path(document)]
+
+
 def run(*words, check=True):
     """A Windows program from start to end; the exit code and what it writes, line by line."""
     # Into a file: what the program starts on the side would keep a pipe open.

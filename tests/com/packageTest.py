@@ -7,7 +7,7 @@ import unittest
 import zipfile
 from pathlib import Path
 
-from comCase import ALL_USERS, ComTest, Process, registry, run, windows_path
+from comCase import ALL_USERS, ComTest, Process, registry, run, script, windows_path
 
 PACKAGE = Path(os.environ["TAVISK_PACKAGE"])
 NAME = ALL_USERS + "\\Tavisk.clsTavisk"
@@ -40,7 +40,7 @@ class Package(ComTest):
             package.extractall(self.folder)
         self.root = self.folder / PACKAGE.stem
 
-    def script(self, name):
+    def command(self, name):
         return run("cmd", "/c", windows_path(self.root / name), check=False)
 
     def test_the_list(self):
@@ -53,31 +53,30 @@ class Package(ComTest):
 
     def test_it_is_installed_used_and_removed(self):
         before = registry(CLASS_IDS, self.folder)
-        self.assertEqual(self.script("install.cmd"), (0, ["Tavisk.dll is registered."]))
+        self.assertEqual(self.command("install.cmd"), (0, ["Tavisk.dll is registered."]))
         self.addCleanup(run, "regsvr32", "/s", "/u", windows_path(self.root / "Tavisk.dll"))
         self.assertIn(NAME.lower(), registry(NAME, self.folder))
         for example in ("edit.vbs", "edit.js"):
             with self.subTest(example=example):
                 self.use(example)
-        self.assertEqual(self.script("uninstall.cmd"), (0, ["Tavisk.dll is no longer registered."]))
+        self.assertEqual(self.command("uninstall.cmd"), (0, ["Tavisk.dll is no longer registered."]))
         self.assertEqual(registry(NAME, self.folder), {})
         self.assertTrue(registry(CLASS_IDS, self.folder) == before, "classes differ")
 
     def use(self, example):
         document = self.root / "examples" / "door.xml"
-        host = Process("cscript", "//nologo", windows_path(self.root / "examples" / example),
-                       windows_path(document))
+        host = Process(*script(self.root / "examples" / example, document))
         self.driver.ask("press", EDITOR, "OK")
         self.assertEqual(host.end(), (0, []))
         # The values are the host's business.
-        self.assertIn('<formula name="width" description="Width of the door" standard="0"/>',
+        self.assertIn('<formula name="width" description="Width of the door" standard="1"/>',
                       document.read_text())
 
     def test_a_library_that_is_missing_is_told(self):
         (self.root / "Tavisk.dll").unlink()
-        self.assertEqual(self.script("install.cmd"),
+        self.assertEqual(self.command("install.cmd"),
                          (1, ["Tavisk.dll could not be registered."]))
-        self.assertEqual(self.script("uninstall.cmd"),
+        self.assertEqual(self.command("uninstall.cmd"),
                          (1, ["The registration of Tavisk.dll could not be removed."]))
 
 

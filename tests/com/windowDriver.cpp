@@ -5,6 +5,8 @@
 //
 //     window TITLE
 //     gone TITLE
+//     remember TITLE
+//     another TITLE                   one that is not the remembered one
 //     press TITLE CAPTION             a button or check box
 //     checked TITLE CAPTION 0|1
 //     text TITLE TEXT                 the text that can be written in, once it is TEXT
@@ -156,6 +158,17 @@ HWND waitForWindow(const std::wstring& title) {
     return window;
 }
 
+HWND remembered = nullptr;
+
+bool remember(const Words& words) { return (remembered = waitForWindow(words[1])) != nullptr; }
+
+bool another(const Words& words) {
+    return waitFor([&] {
+        const HWND window = findWindow(words[1]);
+        return window && window != remembered;
+    });
+}
+
 bool key(const Words& words) {
     const HWND window = waitForWindow(words[1]);
     GUITHREADINFO info{};
@@ -182,6 +195,8 @@ void describe(std::wostream& out, HWND window) {
 bool perform(const Words& words, std::wostream& out) {
     if (words[0] == L"window") return waitForWindow(words[1]) != nullptr;
     if (words[0] == L"gone") return waitFor([&] { return !findWindow(words[1]); });
+    if (words[0] == L"remember") return remember(words);
+    if (words[0] == L"another") return another(words);
     if (words[0] == L"press") return press(words);
     if (words[0] == L"checked") return checked(words);
     if (words[0] == L"text") return text(words);
