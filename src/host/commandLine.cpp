@@ -2,7 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <string_view>
+
+#include "host/documentName.h"
+#include "platform/text.h"
 
 namespace tavisk {
 namespace {
@@ -26,12 +30,13 @@ std::optional<Action> commandNamed(std::string_view name) {
 bool asksForHelp(std::string_view word) { return word == "--help" || word == "-h"; }
 
 using Value = std::optional<std::string> CommandLine::*;
+using Count = std::optional<std::size_t> CommandLine::*;
 using Switch = bool CommandLine::*;
 
 struct Option {
     std::string_view name;
     Action action;
-    std::variant<Value, Switch> target;
+    std::variant<Value, Count, Switch> target;
 };
 
 constexpr std::array options{
@@ -39,11 +44,22 @@ constexpr std::array options{
     Option{"--evaluate", Action::preview, &CommandLine::evaluate},
     Option{"--folder", Action::render, &CommandLine::folder},
     Option{"--evaluate", Action::render, &CommandLine::evaluate},
+    Option{"--each", Action::render, &CommandLine::each},
+    Option{"--standalone", Action::render, &CommandLine::standalone},
+    Option{"-o", Action::render, &CommandLine::output},
+    Option{"--jobs", Action::render, &CommandLine::jobs},
     Option{"--folder", Action::save, &CommandLine::folder},
     Option{"--refresh", Action::save, &CommandLine::refreshKey},
     Option{"-o", Action::save, &CommandLine::output},
     Option{"--json", Action::check, &CommandLine::json},
+    Option{"--sarif", Action::check, &CommandLine::sarif},
+    Option{"--jobs", Action::check, &CommandLine::jobs},
 };
+
+/// More threads than that help nobody.
+constexpr std::size_t mostJobs = 256;
+
+bool takesManyFiles(Action action) { return action == Action::render || action == Action::check; }
 
 std::string inQuotes(std::string_view word) { return '"' + std::string(word) + '"'; }
 
@@ -75,8 +91,9 @@ public:
                 option(word);
             }
         }
-        if (!hasFile_) fail("no FILE given");
-        if (line_.action == Action::render && !line_.folder) fail("--folder DIR is missing");
+        if (line_.files.empty()) fail("no FILE given");
+        if (line_.action == Action::render) checkRender();
+        if (line_.json && line_.sarif) failTogether("--json", "--sarif");
         return std::move(line_);
     }
 
@@ -86,11 +103,47 @@ private:
         throw UsageError{"tavisk " + name + ": " + what + " (try \"tavisk " + name + " --help\")"};
     }
 
+    [[noreturn]] void failTogether(std::string_view one, std::string_view other) const {
+        fail(inQuotes(one) + " and " + inQuotes(other) + " exclude each other");
+    }
+
     void operand(const std::string& word) {
-        if (hasFile_) fail("one FILE only, but " + inQuotes(word) + " is a second one");
+        if (!line_.files.empty() && !takesManyFiles(command_.action)) {
+            fail("one FILE only, but " + inQuotes(word) + " is a second one");
+        }
         if (word.empty()) fail("the name of FILE is empty");
-        hasFile_ = true;
-        line_.file = word;
+        if (word == "-" && std::ranges::find(line_.files, word) != line_.files.end()) {
+            fail("standard input is given twice");
+        }
+        line_.files.push_back(word);
+    }
+
+    void checkRender() const {
+        if (line_.output && !line_.standalone) fail("\"-o\" goes with \"--standalone\" only");
+        if (line_.standalone && line_.each) failTogether("--each", "--standalone");
+        if (line_.output && line_.files.size() > 1) {
+            fail("\"-o\" is for one FILE; for several give --folder DIR");
+        }
+        if (!line_.folder && !line_.output) {
+            fail(line_.standalone ? "--folder DIR or -o OUT is missing"
+                                  : "--folder DIR is missing");
+        }
+        const bool named = line_.standalone ? !line_.output : line_.each || line_.files.size() > 1;
+        if (named) checkNames();
+    }
+
+    /// Results of several documents are called after them.
+    void checkNames() const {
+        std::map<std::string, std::string_view> files;
+        for (const std::string& file : line_.files) {
+            const std::string name = documentName(file);
+            if (name.empty()) fail("no name for the page of " + inQuotes(file));
+            // Some file systems and web servers take both letter cases for the same.
+            const auto [found, isNew] = files.emplace(lowerAscii(name), file);
+            if (isNew) continue;
+            fail("the pages of " + inQuotes(found->second) + " and " + inQuotes(file) +
+                 " would have one name, " + inQuotes(name));
+        }
     }
 
     void option(std::string_view word) {
@@ -107,10 +160,29 @@ private:
             line_.** target = true;
             return;
         }
-        std::optional<std::string>& target = line_.*std::get<Value>(found->target);
+        const std::string value =
+            attached ? std::string(word.substr(equals + 1)) : followingValue(name);
+        if (value.empty()) fail(inQuotes(name) + " needs a value");
+        if (const Value* target = std::get_if<Value>(&found->target)) {
+            set(line_.**target, name, value);
+        } else {
+            set(line_.*std::get<Count>(found->target), name, count(name, value));
+        }
+    }
+
+    template <class Target>
+    void set(std::optional<Target>& target, std::string_view name, const Target& value) {
         if (target) fail(inQuotes(name) + " is given twice");
-        target = attached ? std::string(word.substr(equals + 1)) : followingValue(name);
-        if (target->empty()) fail(inQuotes(name) + " needs a value");
+        target = value;
+    }
+
+    std::size_t count(std::string_view name, std::string_view digits) const {
+        const bool whole =
+            digits.size() <= 3 && digits.find_first_not_of("0123456789") == std::string_view::npos;
+        const auto number = whole ? static_cast<std::size_t>(leadingNumber(digits)) : 0;
+        if (number >= 1 && number <= mostJobs) return number;
+        fail(inQuotes(name) + " takes a whole number from 1 to " + std::to_string(mostJobs) +
+             ", not " + inQuotes(digits));
     }
 
     std::string followingValue(std::string_view name) {
@@ -129,7 +201,6 @@ private:
     std::span<const std::string> words_;
     std::size_t at_ = 0;
     CommandLine line_;
-    bool hasFile_ = false;
 };
 
 CommandLine parseHelp(std::span<const std::string> words) {

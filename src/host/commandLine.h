@@ -1,10 +1,12 @@
 // What the words of a command line ask for.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace tavisk {
 
@@ -13,12 +15,18 @@ enum class Action { help, version, edit, preview, render, save, check };
 struct CommandLine {
     Action action = Action::help;
     std::optional<Action> topic;  ///< the command that help is asked about; the whole tool if none
-    std::string file;             ///< "-" is standard input
+    std::vector<std::string> files;  ///< one or more, for most commands one; "-" is standard input
     std::optional<std::string> folder;
     std::optional<std::string> refreshKey;
     std::optional<std::string> output;  ///< "-" is standard output
+    std::optional<std::size_t> jobs;    ///< documents at a time
     bool evaluate = false;
+    bool each = false;
+    bool standalone = false;
     bool json = false;
+    bool sarif = false;
+
+    const std::string& file() const { return files.front(); }
 };
 
 /// One line for the user: what is wrong and where help is.

@@ -12,6 +12,7 @@
 #include "editor/helpSession.h"
 #include "editor/nodePanel.h"
 #include "host/check.h"
+#include "host/checkMany.h"
 #include "host/checkReport.h"
 #include "host/commandLine.h"
 #include "host/component.h"
@@ -22,8 +23,9 @@
 #include "host/noFiles.h"
 #include "host/output.h"
 #include "host/progress.h"
+#include "host/renderMany.h"
+#include "host/rendering.h"
 #include "host/terminal.h"
-#include "platform/assets.h"
 #include "platform/error.h"
 #include "platform/paths.h"
 #include "platform/text.h"
@@ -58,14 +60,9 @@ public:
         std::variant<dom::Source, Message> input = read();
         if (const Message* message = std::get_if<Message>(&input)) return reject(*message);
         const std::string folder = absoluteFolder(*line_.folder);
-        createFolders(files_, folder);
-        provideAssets(files_, folder);
-
-        HelpSession session(files_, folder);
-        if (const auto message = load(session, std::move(input))) return reject(*message);
-        progress_.phase("writing the page");
-        session.generatepreview(line_.evaluate);
-        return ExitCode::done;
+        const auto message = renderPage(files_, folder, std::get<dom::Source>(std::move(input)),
+                                        line_.evaluate, progress_);
+        return message ? reject(*message) : ExitCode::done;
     }
 
     ExitCode save() {
@@ -107,15 +104,15 @@ public:
         } else {
             findings = checkDocument(std::get<dom::Source>(std::move(input)));
         }
-        writeResult(line_.json ? jsonReport(line_.file, findings)
-                               : textReport(line_.file, findings));
+        writeResult(line_.json ? jsonReport(line_.file(), findings)
+                               : textReport(line_.file(), findings));
         return findings.empty() ? ExitCode::done : ExitCode::found;
     }
 
 private:
     std::variant<dom::Source, Message> read() {
         progress_.phase("reading the document");
-        return readInput(line_.file, streams_.in);
+        return readInput(line_.file(), streams_.in);
     }
 
     /// What the component is handed. It ends at a NUL, so a text with one inside, which is no XML,
@@ -133,8 +130,8 @@ private:
     }
 
     void writeEdited(const std::string& handedOver, const std::string& edited) {
-        const bool back = !line_.output || isSameFile(line_.file, *line_.output);
-        const std::string& target = line_.output ? *line_.output : line_.file;
+        const bool back = !line_.output || isSameFile(line_.file(), *line_.output);
+        const std::string& target = line_.output ? *line_.output : line_.file();
         try {
             if (target == "-") {
                 writeStandardOutput(streams_.out, edited);
@@ -152,7 +149,7 @@ private:
     void keep(const std::string& edited) {
         try {
             const std::string folder = textOf(std::filesystem::temp_directory_path());
-            const std::string path = keepEdited(disk_, folder, line_.file, edited);
+            const std::string path = keepEdited(disk_, folder, line_.file(), edited);
             streams_.err << "The edited document is kept in " << path << '\n';
         } catch (...) {
             streams_.err << "The edited document could not be kept.\n";
@@ -194,9 +191,13 @@ ExitCode run(const CommandLine& line, const Streams& streams) {
     switch (line.action) {
         case Action::edit: return Command(line, streams).edit();
         case Action::preview: return Command(line, streams).preview();
-        case Action::render: return Command(line, streams).render();
+        case Action::render:
+            if (line.each || line.files.size() > 1) return renderMany(line, streams);
+            return Command(line, streams).render();
         case Action::save: return Command(line, streams).save();
-        case Action::check: return Command(line, streams).check();
+        case Action::check:
+            if (line.sarif || line.files.size() > 1) return checkMany(line, streams);
+            return Command(line, streams).check();
         case Action::help: writeStandardOutput(streams.out, helpText(line.topic)); break;
         case Action::version:
             writeStandardOutput(streams.out, "tavisk " TAVISK_VERSION "\n");

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "editor/helpSession.h"
+#include "host/documentName.h"
 #include "host/noFiles.h"
 #include "platform/paths.h"
 
@@ -29,7 +30,7 @@ bool isSameFile(const std::string& a, const std::string& b) {
 
 std::string keepEdited(Files& files, const std::string& folder, const std::string& file,
                        const std::string& document) {
-    const std::string stem = file == "-" ? "document" : textOf(pathOf(file).stem());
+    const std::string stem = documentName(file);
     for (int number = 1;; ++number) {
         const std::string suffix = number == 1 ? "" : "-" + std::to_string(number);
         std::string path = folder;

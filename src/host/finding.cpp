@@ -4,6 +4,10 @@
 
 namespace tavisk {
 
+std::string_view nameOf(Severity severity) {
+    return severity == Severity::error ? "error" : "warning";
+}
+
 void FindingList::add(const dom::Node* node, Finding finding) {
     findings_.push_back(std::move(finding));
     nodes_.push_back(node);

@@ -16,6 +16,9 @@ namespace tavisk {
 /// warning is most likely not what was meant.
 enum class Severity { error, warning };
 
+/// "error" or "warning".
+std::string_view nameOf(Severity severity);
+
 /// A place in the text of a document; both count from 1, columns in UTF-16 code units.
 struct Place {
     std::size_t line = 1;

@@ -61,8 +61,10 @@ private:
                     path);
 }
 
-dom::Source readFile(const std::string& path) {
-    if (std::optional<dom::Source> mapped = mapInput(path)) return std::move(*mapped);
+dom::Source readFile(const std::string& path, Mapping mapping) {
+    if (mapping == Mapping::allowed) {
+        if (std::optional<dom::Source> mapped = mapInput(path)) return std::move(*mapped);
+    }
     const InputFile file = openInput(path);
     if (!file) raiseUnreadable(errno, path);
     // Straight into the buffer, without a copy in between.
@@ -146,8 +148,9 @@ std::variant<dom::Source, Message> fromUtf16(std::string_view bytes, ByteOrder o
 
 }  // namespace
 
-std::variant<dom::Source, Message> readInput(const std::string& file, std::istream& standardInput) {
-    dom::Source source = file == "-" ? readStream(standardInput) : readFile(file);
+std::variant<dom::Source, Message> readInput(const std::string& file, std::istream& standardInput,
+                                             Mapping mapping) {
+    dom::Source source = file == "-" ? readStream(standardInput) : readFile(file, mapping);
     const std::string_view bytes(source.bytes.get(), source.size);
     if (const std::optional<ByteOrder> order = utf16Order(bytes)) return fromUtf16(bytes, *order);
     return source;

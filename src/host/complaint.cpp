@@ -1,0 +1,40 @@
+#include "host/complaint.h"
+
+#include "host/check.h"
+#include "host/fileError.h"
+#include "host/reportText.h"
+
+namespace tavisk {
+namespace {
+
+std::string lineOf(const std::string& file, const std::string& what) {
+    std::string line;
+    appendPlain(line, file);
+    line += ": ";
+    appendPlain(line, what);
+    line += '\n';
+    return line;
+}
+
+std::string describe(const RunTimeError& error) {
+    return "Run-time error '" + std::to_string(error.number()) + "': " + error.what();
+}
+
+}  // namespace
+
+std::string complaint(const std::string& file, const Message& rejection) {
+    return lineOf(file, "rejected: " + tavisk::rejection(rejection).message);
+}
+
+std::string currentComplaint(const std::string& file) {
+    try {
+        throw;
+    } catch (const FileError& error) {
+        const bool own = error.file() == file || (file == "-" && error.file() == "standard input");
+        return lineOf(file, describe(error) + (own ? "" : " (" + error.file() + ')'));
+    } catch (...) {
+        return lineOf(file, describe(currentRunTimeError()));
+    }
+}
+
+}  // namespace tavisk

@@ -1,0 +1,18 @@
+// What is said of one document among several that went wrong: one line each.
+#pragma once
+
+#include <string>
+
+#include "platform/error.h"
+#include "platform/message.h"
+
+namespace tavisk {
+
+/// "a.xml: rejected: No cabinet data found..."
+std::string complaint(const std::string& file, const Message& rejection);
+
+/// "a.xml: Run-time error '70': Permission denied (out/a/temp.html)". Call inside a catch block
+/// only; another file that the error is about stands in the parentheses.
+std::string currentComplaint(const std::string& file);
+
+}  // namespace tavisk

@@ -1,0 +1,14 @@
+#include "host/documentName.h"
+
+#include "platform/paths.h"
+
+namespace tavisk {
+
+std::string documentName(const std::string& file) {
+    if (file == "-") return "document";
+    std::string name = textOf(pathOf(file).stem());
+    if (name == "." || name == "..") return {};
+    return name;
+}
+
+}  // namespace tavisk

@@ -1,0 +1,12 @@
+// Findings in SARIF 2.1.0, the format of code-review pages.
+#pragma once
+
+#include <memory>
+
+#include "host/checkReport.h"
+
+namespace tavisk {
+
+std::unique_ptr<CheckReport> sarifReport();
+
+}  // namespace tavisk
