@@ -50,6 +50,10 @@ packages() {
             echo python3-pil            # draws the pictures of the examples
             echo poppler-utils          # reads printed pages
             echo locales                # a host with another way to write numbers
+            echo man-db                 # reads the manual page
+            echo bash-completion        # completes command lines
+            echo shared-mime-info       # reads what is said of types of files
+            echo desktop-file-utils     # reads the desktop entry
             ;;
         bench)
             packages build
@@ -78,8 +82,6 @@ packages() {
             packages build
             echo dpkg-dev                   # finds what the packages depend on
             echo lintian                    # Debian's rules for packages
-            echo man-db                     # reads the manual page
-            echo desktop-file-utils         # reads the desktop entry
             echo debootstrap                # makes a clean root to try them in
             ;;
         style)

@@ -14,8 +14,6 @@ export SOURCE_DATE_EPOCH
     exit 1
 }
 rm -rf "$build/packages/_CPack_Packages"
-man --warnings -l "$build/install/tavisk.1" 2>&1 > /dev/null | { ! grep .; }
-desktop-file-validate "$(dirname "$0")/../linux/tavisk.desktop"
 # They are not meant for Debian's own archive.
 lintian --allow-root --suppress-tags initial-upload-closes-no-bugs --fail-on error \
     --tag-display-limit 0 "$build"/packages/*.deb

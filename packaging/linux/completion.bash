@@ -42,7 +42,7 @@ _tavisk() {
             edit) options="-o" ;;
             preview) options="--evaluate" ;;
             render) options="--folder --evaluate --each --standalone -o --jobs" ;;
-            save) options="--refresh -o" ;;
+            save) options="--folder --refresh -o" ;;
             check) options="--json --sarif --jobs" ;;
         esac
         COMPREPLY=($(compgen -W "$options --help" -- "$cur"))

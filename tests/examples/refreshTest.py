@@ -37,6 +37,9 @@ class ExampleTest(HostTest):
 
     # What it answers to a rejected document.
     FAILURE = 1
+    REASON = "Object was unloaded"
+    # Whether it is built like the component.
+    OWN_BUILD = True
 
     def command(self):
         raise NotImplementedError
@@ -51,8 +54,8 @@ class ExampleTest(HostTest):
         self.file = self.folder / "door.xml"
         self.file.write_text(text, encoding="utf-8")
         own = {"TAVISK_LIBRARY": str(self.library)}
-        if SANITIZED and self.command()[0] == sys.executable:
-            # The sanitizer wants to be there first; what the interpreter loses is its own business.
+        if SANITIZED and not self.OWN_BUILD:
+            # The sanitizer wants to be there first; what the host loses is its own business.
             own |= {"LD_PRELOAD": sanitizer(), "ASAN_OPTIONS": "detect_leaks=0"}
         host = Host([*self.command(), self.file], self.environment(**own), self.folder)
         self.addCleanup(host.process.stdout.close)
@@ -92,7 +95,7 @@ class ExampleTest(HostTest):
             self.leave(host)
         code, errors = host.end()
         self.assertEqual(code, self.FAILURE)
-        self.assertIn("Object was unloaded", errors)
+        self.assertIn(self.REASON, errors)
         self.assertEqual(self.file.read_text(encoding="utf-8"), REJECTED)
 
     @staticmethod
@@ -100,13 +103,31 @@ class ExampleTest(HostTest):
         return editor.find("text", "Information Text").text
 
 
-class Python(ExampleTest):
-    def command(self):
-        return [sys.executable, EXAMPLES / "python" / "edit.py"]
+class WithPage(ExampleTest):
+    """Shows the page after the last edit."""
+
+    OWN_BUILD = False
 
     def leave(self, host):
         host.application.window(PREVIEW).wait_for("active")
         key("Escape")
+
+
+class Python(WithPage):
+    def command(self):
+        return [sys.executable, EXAMPLES / "python" / "edit.py"]
+
+
+class C(WithPage):
+    def command(self):
+        return [Path(os.environ["TAVISK_HOSTS"]) / "c" / "edit"]
+
+
+class Cpp(WithPage):
+    REASON = "error 364"
+
+    def command(self):
+        return [Path(os.environ["TAVISK_HOSTS"]) / "cpp" / "edit"]
 
 
 class Gtk(ExampleTest):
@@ -128,7 +149,7 @@ class Gtk(ExampleTest):
 
 
 del HostTest
-TESTED = {"python": Python, "gtk": Gtk}[NAME]
+TESTED = {"python": Python, "c": C, "cpp": Cpp, "gtk": Gtk}[NAME]
 
 
 def load_tests(loader, *_):

@@ -162,15 +162,13 @@ class Registration(ComTest):
 
 
 class Examples(ComTest):
-    def test_the_smallest_hosts_edit_what_they_are_given(self):
+    def test_a_host_that_finds_the_registered_component(self):
         self.registered()
-        for words in ([self.compiled(EXAMPLES / "linux" / "edit.cpp")],):
-            with self.subTest(host=words[-1]):
-                document = self.document(PLAIN)
-                host = self.example([*words, document])
-                host.application.window(EDITOR).press_button("OK")
-                self.assertEqual(host.end(), (0, ""))
-                self.assertEqual(document.read_text(), saved())
+        document = self.document(PLAIN)
+        host = self.example([self.compiled(EXAMPLES / "cpp" / "registered.cpp"), document])
+        host.application.window(EDITOR).press_button("OK")
+        self.assertEqual(host.end(), (0, ""))
+        self.assertEqual(document.read_text(), saved())
 
     def example(self, words):
         preload = {"LD_PRELOAD": sanitizer(), "ASAN_OPTIONS": "detect_leaks=0"} if SANITIZED else {}

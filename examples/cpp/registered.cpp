@@ -1,6 +1,7 @@
-// A small host that creates the class: opens the editor on a document and writes it back.
+// A host that creates the class: opens the editor on a document and writes it back.
 //
-//     c++ -std=c++20 -Iinclude examples/linux/edit.cpp -o edit && ./edit DOCUMENT
+//     c++ -std=c++20 examples/cpp/registered.cpp -o edit $(pkg-config --cflags tavisk)
+//     ./edit DOCUMENT
 //
 // The library has to be registered for the user once, by a call of its DllRegisterServer.
 #include <cstdlib>
