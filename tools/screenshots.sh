@@ -1,20 +1,22 @@
 #!/bin/bash
-# Makes the pictures of docs/images/ with the build in build/.
+# Makes the pictures of the documents.
+#
+#     tools/screenshots.sh [BUILD [OUT]]        BUILD holds the command: build; OUT: docs/images
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+build=${1:-build}
+images=${2:-docs/images}
 document=examples/base-cabinet.xml
-images=docs/images
-mkdir -p "$images"
-for theme in Adwaita Adwaita:dark; do
-    out=build/tour-$theme
-    GTK_THEME=$theme TAVISK_SCREEN=1280x900 tools/withDisplay.sh \
-        /usr/bin/python3 tools/tour.py build "$document" "$out" > /dev/null 2> build/tour.log ||
-        { cat build/tour.log >&2; exit 1; }
-done
-convert build/tour-Adwaita/05-picture.png -trim +repage -strip "$images/editor.png"
-convert build/tour-Adwaita:dark/05-picture.png -trim +repage -strip "$images/editor-dark.png"
-convert build/tour-Adwaita/06-preview.png -trim +repage -strip "$images/preview.png"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+mkdir -p "$images" "$work/config/gtk-3.0"
 
-build/tavisk render "$document" --folder build/screenshot --evaluate
-/usr/bin/python3 tools/screenshot.py build/screenshot/temp.html "$images/page.png"
+# The same picture at any moment: no blinking, no movement.
+printf '[Settings]\ngtk-cursor-blink=0\ngtk-enable-animations=0\n' > "$work/config/gtk-3.0/settings.ini"
+XDG_CONFIG_HOME=$work/config GTK_THEME=Adwaita TAVISK_SCREEN=1280x900 tools/withDisplay.sh \
+    /usr/bin/python3 tools/guide.py "$build" "$document" "$images" > /dev/null 2> "$work/log" ||
+    { cat "$work/log" >&2; exit 1; }
+
+"$build/tavisk" render "$document" --folder "$work/page" --evaluate
+/usr/bin/python3 tools/screenshot.py "$work/page/temp.html" "$images/page.png"
