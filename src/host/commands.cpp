@@ -15,7 +15,9 @@
 #include "host/checkMany.h"
 #include "host/checkReport.h"
 #include "host/commandLine.h"
+#include "host/complaint.h"
 #include "host/component.h"
+#include "host/documentName.h"
 #include "host/editResult.h"
 #include "host/fileError.h"
 #include "host/helpText.h"
@@ -63,6 +65,34 @@ public:
         const auto message = renderPage(files_, folder, std::get<dom::Source>(std::move(input)),
                                         line_.evaluate, progress_);
         return message ? reject(*message) : ExitCode::done;
+    }
+
+    ExitCode renderStandalone() {
+        std::variant<dom::Source, Message> input = read();
+        if (const Message* message = std::get_if<Message>(&input)) return reject(*message);
+        const std::optional<std::string> folder =
+            line_.folder ? std::optional(absoluteFolder(*line_.folder)) : std::nullopt;
+        const std::string path =
+            line_.output ? *line_.output : standalonePath(*folder, line_.file());
+        if (!line_.output) createFolders(files_, *folder);
+        const auto output = [&](const Produce& page) {
+            if (path != "-") {
+                writeOutputFile(files_, path, page);
+                return;
+            }
+            // Not half a page.
+            std::string whole;
+            page([&whole](std::string_view piece) { whole += piece; });
+            progress_.end();
+            writeStandardOutput(streams_.out, whole);
+        };
+        const StandaloneResult result =
+            tavisk::renderStandalone(files_, {folderOf(path), folder, line_.evaluate},
+                                     std::get<dom::Source>(std::move(input)), output, progress_);
+        if (result.rejection) return reject(*result.rejection);
+        progress_.end();
+        streams_.err << missingPictures(line_.file(), result.missing) << std::flush;
+        return ExitCode::done;
     }
 
     ExitCode save() {
@@ -193,7 +223,8 @@ ExitCode run(const CommandLine& line, const Streams& streams) {
         case Action::preview: return Command(line, streams).preview();
         case Action::render:
             if (line.each || line.files.size() > 1) return renderMany(line, streams);
-            return Command(line, streams).render();
+            return line.standalone ? Command(line, streams).renderStandalone()
+                                   : Command(line, streams).render();
         case Action::save: return Command(line, streams).save();
         case Action::check:
             if (line.sarif || line.files.size() > 1) return checkMany(line, streams);

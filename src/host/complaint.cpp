@@ -2,6 +2,7 @@
 
 #include "host/check.h"
 #include "host/fileError.h"
+#include "host/finding.h"
 #include "host/reportText.h"
 
 namespace tavisk {
@@ -35,6 +36,13 @@ std::string currentComplaint(const std::string& file) {
     } catch (...) {
         return lineOf(file, describe(currentRunTimeError()));
     }
+}
+
+std::string missingPictures(const std::string& file, const std::vector<std::string>& addresses) {
+    std::string lines;
+    for (const std::string& address : addresses)
+        lines += lineOf(file, "warning: the picture " + inQuotes(address) + " is missing");
+    return lines;
 }
 
 }  // namespace tavisk

@@ -11,4 +11,8 @@ std::string documentName(const std::string& file) {
     return name;
 }
 
+std::string standalonePath(const std::string& folder, const std::string& file) {
+    return folder + '/' + documentName(file) + ".html";
+}
+
 }  // namespace tavisk

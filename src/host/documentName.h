@@ -9,4 +9,7 @@ namespace tavisk {
 /// file can have.
 std::string documentName(const std::string& file);
 
+/// The file of its page where that is one file; `folder` has no separator at its end.
+std::string standalonePath(const std::string& folder, const std::string& file);
+
 }  // namespace tavisk

@@ -11,7 +11,7 @@
 namespace tavisk {
 
 /// Every folder is there, no file is, and what is written is gone.
-class NoFiles final : public Files {
+class NoFiles : public Files {
 public:
     bool fileExists(const std::string&) override { return false; }
     bool folderExists(const std::string&) override { return true; }

@@ -25,6 +25,9 @@ void writeOutputFile(Files& files, const std::string& path, const Produce& produ
 /// Links stay as they are.
 std::string absoluteFolder(const std::string& folder);
 
+/// The folder that a file of this name lies in, from the root; the current folder for "-".
+std::string folderOf(const std::string& path);
+
 /// With everything above it.
 void createFolders(Files& files, const std::string& folder);
 

@@ -22,7 +22,7 @@ namespace {
 
 struct Rendered {
     ExitCode exit = ExitCode::done;
-    std::string complaint;  ///< a line, or nothing
+    std::string complaint;  ///< lines, or nothing
 };
 
 /// What the user put into the folder of all documents serves each of them.
@@ -49,28 +49,44 @@ public:
         try {
             std::variant<dom::Source, Message> input =
                 readInput(file, streams_.in, Mapping::refused);
-            std::optional<Message> message;
-            if (Message* unreadable = std::get_if<Message>(&input)) {
-                message = std::move(*unreadable);
-            } else {
-                message = render(file, std::get<dom::Source>(std::move(input)));
+            if (const Message* message = std::get_if<Message>(&input)) {
+                return rejected(file, *message);
             }
-            if (message) return {ExitCode::rejected, complaint(file, *message)};
-            return {};
+            auto source = std::get<dom::Source>(std::move(input));
+            return line_.standalone ? makeStandalone(file, std::move(source))
+                                    : makeFolder(file, std::move(source));
         } catch (...) {
             return {ExitCode::runTimeError, currentComplaint(file)};
         }
     }
 
 private:
-    std::optional<Message> render(const std::string& file, dom::Source source) const {
+    static Rendered rejected(const std::string& file, const Message& message) {
+        return {ExitCode::rejected, complaint(file, message)};
+    }
+
+    Rendered makeFolder(const std::string& file, dom::Source source) const {
         DiskFiles disk;
         NamingFiles files(disk);
         Progress silent(streams_.err, false);
         const std::string folder = folder_ + '/' + documentName(file);
         createFolders(files, folder);
         copyOwnAssets(files, folder_, folder);
-        return renderPage(files, folder, std::move(source), line_.evaluate, silent);
+        const auto message = renderPage(files, folder, std::move(source), line_.evaluate, silent);
+        return message ? rejected(file, *message) : Rendered{};
+    }
+
+    Rendered makeStandalone(const std::string& file, dom::Source source) const {
+        DiskFiles disk;
+        NamingFiles files(disk);
+        Progress silent(streams_.err, false);
+        const auto output = [&](const Produce& page) {
+            writeOutputFile(files, standalonePath(folder_, file), page);
+        };
+        const StandaloneResult result = renderStandalone(files, {folder_, folder_, line_.evaluate},
+                                                         std::move(source), output, silent);
+        if (result.rejection) return rejected(file, *result.rejection);
+        return {ExitCode::done, missingPictures(file, result.missing)};
     }
 
     const CommandLine& line_;

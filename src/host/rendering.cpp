@@ -1,12 +1,49 @@
 #include "host/rendering.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "editor/helpSession.h"
-#include "host/output.h"
+#include "host/noFiles.h"
 #include "platform/assets.h"
+#include "platform/error.h"
+#include "platform/paths.h"
+#include "render/standalonePage.h"
 
 namespace tavisk {
+namespace {
+
+/// What loading takes from the component's folder, and nothing else.
+class CabinetPictureOnly final : public NoFiles {
+public:
+    explicit CabinetPictureOnly(std::string bytes) : bytes_(std::move(bytes)) {}
+
+    bool fileExists(const std::string& path) override { return path == "/cabinet.png"; }
+    std::string read(const std::string&) override { return bytes_; }
+
+private:
+    std::string bytes_;
+};
+
+std::string ownOrDefault(Files& files, const std::optional<std::string>& folder, const char* name,
+                         std::string_view otherwise) {
+    if (folder && files.fileExists(*folder + name)) return files.read(*folder + name);
+    return std::string(otherwise);
+}
+
+/// The file's bytes where it can be read; the page does without it otherwise.
+std::optional<std::string> readPicture(Files& files, const std::string& folder,
+                                       const std::string& file) {
+    try {
+        const std::string path = textOf(pathOf(folder) / pathOf(file));
+        if (!files.fileExists(path)) return std::nullopt;
+        return files.read(path);
+    } catch (const RunTimeError&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace
 
 std::optional<Message> renderPage(Files& files, const std::string& folder, dom::Source source,
                                   bool evaluate, Progress& progress) {
@@ -19,6 +56,40 @@ std::optional<Message> renderPage(Files& files, const std::string& folder, dom::
     progress.phase("writing the page");
     session.generatepreview(evaluate);
     return std::nullopt;
+}
+
+StandaloneResult renderStandalone(Files& files, const StandalonePlan& plan, dom::Source source,
+                                  const std::function<void(const Produce&)>& output,
+                                  Progress& progress) {
+    const std::string cabinet =
+        ownOrDefault(files, plan.assetFolder, "/cabinet.png", cabinetPicture());
+    const std::string style = ownOrDefault(files, plan.assetFolder, "/style.css", stylesheet());
+
+    StandaloneResult result;
+    CabinetPictureOnly own(cabinet);
+    HelpSession session(own, "");
+    progress.phase("loading the document");
+    result.rejection = session.load(std::move(source), HelpSession::Keep::nothing);
+    if (result.rejection) return result;
+
+    progress.phase("writing the page");
+    StandaloneParts parts;
+    parts.stylesheet = style;
+    parts.readPicture = [&](const std::string& file) -> std::optional<std::string> {
+        // It lies beside every page that has a folder.
+        if (file == "cabinet.png") return cabinet;
+        return readPicture(files, plan.pageFolder, file);
+    };
+    parts.missing = [&](const std::string& address) {
+        if (std::ranges::find(result.missing, address) == result.missing.end()) {
+            result.missing.push_back(address);
+        }
+    };
+    output([&](const Files::Write& write) {
+        writeStandalonePage(write, *session.articledoc, session.formulaCatalogue,
+                            *session.baseXMLNode, plan.evaluate, parts);
+    });
+    return result;
 }
 
 }  // namespace tavisk

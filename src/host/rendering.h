@@ -1,9 +1,12 @@
 // From a document to its page.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "host/output.h"
 #include "host/progress.h"
 #include "platform/dom.h"
 #include "platform/files.h"
@@ -15,5 +18,22 @@ namespace tavisk {
 /// missing. The message tells why the document is rejected.
 std::optional<Message> renderPage(Files& files, const std::string& folder, dom::Source source,
                                   bool evaluate, Progress& progress);
+
+struct StandalonePlan {
+    std::string pageFolder;                  ///< where the page is going to lie
+    std::optional<std::string> assetFolder;  ///< whose own cabinet.png and style.css are used
+    bool evaluate = false;
+};
+
+struct StandaloneResult {
+    std::optional<Message> rejection;
+    std::vector<std::string>
+        missing;  ///< addresses of pictures that could not be put in, each once
+};
+
+/// Hands the page with everything in it to `output`, unless the document is rejected.
+StandaloneResult renderStandalone(Files& files, const StandalonePlan& plan, dom::Source source,
+                                  const std::function<void(const Produce&)>& output,
+                                  Progress& progress);
 
 }  // namespace tavisk

@@ -35,7 +35,8 @@ int scaledSize(const dom::Node* image, std::string_view name, double scale) {
     return round16(strictNumber(GetAttributeValue(image, name, "256")) * scale);
 }
 
-std::string overlayBlock(const std::string& bottom, const std::string& top, int width, int height) {
+std::string overlayBlock(const std::string& bottom, const std::string& top, int width, int height,
+                         OverlayMarkup markup) {
     const std::string h = std::to_string(height);
     const std::string size = "width:" + std::to_string(width) + "px;height:" + h + "px'";
     const auto shape = [&](const char* id, const char* layer, const std::string& source) {
@@ -47,8 +48,9 @@ std::string overlayBlock(const std::string& bottom, const std::string& top, int 
         return "<img src='" + source + "' style='position:absolute;z-index:" + layer + ";" + size +
                " v:shapes='" + id + "'>\r\n";
     };
-    return "<div>\r\n<!--[if gte vml 1]>\r\n" + shape("_OVERLAY_BOTTOM", "0", bottom) +
-           shape("_OVERLAY_TOP", "1", top) + "<![endif]-->\r\n" +
+    const std::string vml = "<!--[if gte vml 1]>\r\n" + shape("_OVERLAY_BOTTOM", "0", bottom) +
+                            shape("_OVERLAY_TOP", "1", top) + "<![endif]-->\r\n";
+    return "<div>\r\n" + (markup == OverlayMarkup::vmlToo ? vml : std::string()) +
            picture("_OVERLAY_BOTTOM", "0", bottom) + picture("_OVERLAY_TOP", "1", top) +
            "</div><table border=0><tr style='height:" + h + "px'><td>&nbsp;</td></tr></table>";
 }
@@ -71,7 +73,7 @@ void ImageParser::parse(std::string& text) {
 }
 
 OverlayParser::OverlayParser(const dom::Document& document, std::string_view imagefolder,
-                             double scale) {
+                             double scale, OverlayMarkup markup) {
     const auto images = document.elementsByTagName("image");
     const dom::Node* bottom = nullptr;
     for (const dom::Node* image : images) {
@@ -83,7 +85,7 @@ OverlayParser::OverlayParser(const dom::Document& document, std::string_view ima
     const int width = scaledSize(bottom, "width", scale);
     for (const dom::Node* image : images) {
         table_.add("!" + std::string(GetAttributeValue(image, "name", "")),
-                   overlayBlock(bottomSource, folder + fileName(image), width, height));
+                   overlayBlock(bottomSource, folder + fileName(image), width, height, markup));
     }
 }
 

@@ -23,11 +23,15 @@ private:
     TokenTable table_;
 };
 
+/// Whether overlays are written a second time, for browsers that know VML.
+enum class OverlayMarkup { vmlToo, picturesOnly };
+
 /// `overlayparse`, prepared once. Construction throws error 13 or 6 for the generated picture's
 /// size.
 class OverlayParser {
 public:
-    OverlayParser(const dom::Document& document, std::string_view imagefolder, double scale);
+    OverlayParser(const dom::Document& document, std::string_view imagefolder, double scale,
+                  OverlayMarkup markup = OverlayMarkup::vmlToo);
 
     void parse(std::string& text) { table_.replaceIn(text); }
 

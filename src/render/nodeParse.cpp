@@ -16,9 +16,10 @@ bool hasNothingToExpand(std::string_view text) {
 }  // namespace
 
 NodeParser::NodeParser(dom::Document& document, const FormulaCatalogue& catalogue,
-                       std::string imageTemp)
+                       std::string imageTemp, OverlayMarkup overlays)
     : document_(document),
       imageTemp_(std::move(imageTemp)),
+      overlayMarkup_(overlays),
       formulas_(catalogue),
       images_(document, imageTemp_) {}
 
@@ -55,7 +56,7 @@ void NodeParser::expand(std::string& text) {
     if (text.find('\n') != std::string::npos) text = replaceAll(text, "\n", "<br>");
     formulas_.parse(text);
     images_.parse(text);
-    if (!overlays_) overlays_.emplace(document_, imageTemp_, 1.0);
+    if (!overlays_) overlays_.emplace(document_, imageTemp_, 1.0, overlayMarkup_);
     overlays_->parse(text);
 }
 

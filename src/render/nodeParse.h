@@ -18,7 +18,8 @@ namespace tavisk {
 class NodeParser {
 public:
     /// `imageTemp` ends in "/".
-    NodeParser(dom::Document& document, const FormulaCatalogue& catalogue, std::string imageTemp);
+    NodeParser(dom::Document& document, const FormulaCatalogue& catalogue, std::string imageTemp,
+               OverlayMarkup overlays = OverlayMarkup::vmlToo);
 
     /// A copy of the node and of everything below it: line feeds are "<br>" and formula, image and
     /// overlay tokens are expanded in every attribute. Null gives an empty result.
@@ -32,6 +33,7 @@ private:
 
     dom::Document& document_;
     std::string imageTemp_;
+    OverlayMarkup overlayMarkup_;
     FormulaParser formulas_;
     ImageParser images_;
     std::optional<OverlayParser> overlays_;  ///< made on first use: its sizes can be in error

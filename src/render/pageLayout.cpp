@@ -22,8 +22,7 @@ namespace {
 
 constexpr std::string_view pageHead =
     "<html xmlns:v=\"urn:schemas-microsoft-com:vml\"><head><link rel=\"stylesheet\" "
-    "href=\"style.css\" type=\"text/css\"></head><body><table width=100%><tr><td>\r\n";
-constexpr std::string_view pageTail = "\r\n</td></tr></table></body></html>";
+    "href=\"style.css\" type=\"text/css\"></head>";
 constexpr std::string_view layoutOpening = "<table border=0><tr><td valign='top' align='left'>\r\n";
 constexpr std::string_view layoutClosing = "</table>&nbsp;\r\n";
 constexpr std::string_view gapRow = "<tr><td colspan=2>&nbsp;</td></tr>";
@@ -61,10 +60,8 @@ Frame frameOf(std::span<const ShownAttribute> attributes) {
 /// Lays out a tree into a buffer that is handed on and emptied whenever enough has gathered.
 class Layout {
 public:
-    using HandOn = std::function<void(std::string& html)>;
-
     /// With a parser, nodes are laid out as it expands them.
-    Layout(NodeParser* parser, HandOn handOn) : parser_(parser), handOn_(std::move(handOn)) {}
+    Layout(NodeParser* parser, TakePiece handOn) : parser_(parser), handOn_(std::move(handOn)) {}
 
     /// Errors of expansion come first, wherever in the tree they are: in a rendered copy they would
     /// have come up before its layout began.
@@ -133,7 +130,7 @@ private:
     }
 
     NodeParser* parser_;
-    HandOn handOn_;
+    TakePiece handOn_;
     std::vector<ShownAttribute> attributes_;
     std::string html_;
     std::size_t size_ = 0;  ///< bytes handed on
@@ -176,7 +173,7 @@ public:
 
     void finish() const {
         if (failure_) std::rethrow_exception(failure_);
-        write_(pageTail);
+        write_(pageEnd);
     }
 
 private:
@@ -196,17 +193,23 @@ LayoutResult layoutNode(const dom::Node& node, bool nested) {
     return result;
 }
 
+void layoutPage(const dom::Node& start, NodeParser* parser, const TakePiece& take) {
+    std::string head;
+    try {
+        head = heading(specialValue(start, "code", parser));
+    } catch (const RunTimeError&) {
+        // The layout meets the same error, in its order among the others.
+    }
+    take(head);
+    Layout(parser, take).run(start, false);
+}
+
 void writePage(Files& files, const std::string& path, const dom::Node& start, NodeParser* parser) {
     files.replaceBy(path, [&](const Files::Write& write) {
+        write(pageHead);
+        write(pageBegin);
         PageOutput output(write);
-        std::string head(pageHead);
-        try {
-            head += heading(specialValue(start, "code", parser));
-        } catch (const RunTimeError&) {
-            // The layout meets the same error, in its order among the others.
-        }
-        output.put(head);
-        Layout(parser, [&](std::string& html) { output.put(html); }).run(start, false);
+        layoutPage(start, parser, [&](std::string& html) { output.put(html); });
         output.finish();
     });
 }

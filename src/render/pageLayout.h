@@ -1,6 +1,7 @@
 // The layout of the help tree as one HTML page, and the page file.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,10 @@
 namespace tavisk {
 
 class NodeParser;
+
+/// Behind the head of every page, and at its end.
+inline constexpr std::string_view pageBegin = "<body><table width=100%><tr><td>\r\n";
+inline constexpr std::string_view pageEnd = "\r\n</td></tr></table></body></html>";
 
 struct LayoutResult {
     std::string code;  ///< first non-empty `value` of an element named `code`, in document order
@@ -24,6 +29,13 @@ inline constexpr std::size_t maxPageSize = std::size_t{1} << 30;
 /// Lays out the node and everything below it as rows, columns and pages; with `nested` false the
 /// node is the start of the page and gets no row.
 LayoutResult layoutNode(const dom::Node& node, bool nested);
+
+/// Takes over a piece of a page in UTF-8, which may be changed. No piece ends within a tag.
+using TakePiece = std::function<void(std::string& html)>;
+
+/// Hands over the heading and the layout of `start` piece by piece, with the texts expanded if
+/// there is a parser.
+void layoutPage(const dom::Node& start, NodeParser* parser, const TakePiece& take);
 
 /// Writes the page of `start`: head, heading, layout and tail in code page 1252. With a parser the
 /// texts are expanded, one node at a time, with the result of laying out `nodeparse(start)`. The
