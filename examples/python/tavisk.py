@@ -18,12 +18,10 @@ The library is looked for in this order:
 """
 
 import ctypes
-import ctypes.util
 import functools
 import os
 import sys
 from pathlib import Path
-from typing import Iterator
 
 __all__ = ["Error", "edit_xml", "preview_xml", "version"]
 
@@ -84,29 +82,28 @@ def _raise(number: int, error: _String) -> None:
         raise Error(number, text)
 
 
-def _candidates() -> Iterator[str]:
+def _file() -> str:
+    """The library's, or its name for the system to find."""
     if named := os.environ.get("TAVISK_LIBRARY"):
-        yield named
-        return
-    name = "Tavisk.dll" if sys.platform == "win32" else "libtavisk.so"
+        return named
+    name = "Tavisk.dll" if sys.platform == "win32" else "libtavisk.so.0"
     beside = Path(__file__).resolve().parent / name
     if beside.exists():
-        yield str(beside)
+        return str(beside)
     data = os.environ.get("XDG_DATA_HOME") or os.path.expanduser("~/.local/share")
     registration = Path(data, "tavisk", "libtavisk.path")
     if registration.exists():
-        yield registration.read_text(encoding="utf-8").rstrip("\n")
-    if found := ctypes.util.find_library("tavisk"):
-        yield found
+        return registration.read_text(encoding="utf-8").rstrip("\n")
+    return name
 
 
 @functools.cache
 def _library() -> ctypes.CDLL:
-    for name in _candidates():
-        library = ctypes.CDLL(name)
-        break
-    else:
-        raise OSError("Tavisk is not installed; TAVISK_LIBRARY may name its library")
+    file = _file()
+    try:
+        library = ctypes.CDLL(file)
+    except OSError as error:
+        raise OSError(f"{error}; TAVISK_LIBRARY can name the library of Tavisk") from error
     string = ctypes.POINTER(_String)
     library.tavisk_edit_xml.argtypes = [ctypes.c_char_p, string, string]
     library.tavisk_preview_xml.argtypes = [ctypes.c_char_p, ctypes.c_int, string]
