@@ -12,6 +12,8 @@
 static const char* const values[][2] = {
     {"code", "D45"}, {"type", "Door"}, {"width", "450"}, {"height", "720"}};
 
+static GtkWidget* button;
+
 static void setValue(xmlNode* formula) {
     xmlChar* name = xmlGetNoNsProp(formula, BAD_CAST "name");
     for (size_t i = 0; i < G_N_ELEMENTS(values); ++i) {
@@ -50,9 +52,8 @@ static gboolean wantsRefresh(const char* document) {
     return marked;
 }
 
-/* The button's handler: as long as the user refreshes, compute the values and open the editor at
- * the same place. */
-static void editHelp(GtkButton* button, gpointer file) {
+/* As long as the user refreshes, compute the values and open the editor at the same place. */
+static gboolean editHelp(gpointer file) {
     char* document = NULL;
     gboolean again = g_file_get_contents(file, &document, NULL, NULL);
     while (again) {
@@ -71,18 +72,26 @@ static void editHelp(GtkButton* button, gpointer file) {
         xmlFree(given);
     }
     g_free(document);
-    gtk_button_set_label(button, "Edit help again");
+    gtk_widget_set_sensitive(button, TRUE);
+    return G_SOURCE_REMOVE;
+}
+
+/* Later, when the click is done: one that came from a screen reader waits for its answer. */
+static void clicked(GtkButton* ignored, gpointer file) {
+    (void)ignored;
+    gtk_widget_set_sensitive(button, FALSE);
+    g_idle_add(editHelp, file);
 }
 
 int main(int count, char** words) {
     gtk_init(&count, &words);
     if (count != 2) return 2;
     GtkWidget* window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
-    GtkWidget* button = gtk_button_new_with_label("Edit help");
+    button = gtk_button_new_with_label("Edit help");
     gtk_window_set_title(GTK_WINDOW(window), "Door");
     gtk_container_set_border_width(GTK_CONTAINER(window), 40);
     gtk_container_add(GTK_CONTAINER(window), button);
-    g_signal_connect(button, "clicked", G_CALLBACK(editHelp), words[1]);
+    g_signal_connect(button, "clicked", G_CALLBACK(clicked), words[1]);
     g_signal_connect(window, "destroy", G_CALLBACK(gtk_main_quit), NULL);
     gtk_widget_show_all(window);
     gtk_main();

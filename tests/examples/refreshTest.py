@@ -137,13 +137,11 @@ class Gtk(ExampleTest):
         return [Path(os.environ["TAVISK_HOSTS"]) / "gtkExample"]
 
     def begin(self, host):
-        window = host.application.window("Door")
-        window.wait_for("active")
-        window.find("push button", "Edit help").click()
+        host.application.window("Door").press_button("Edit help")
 
     def leave(self, host):
         window = host.application.window("Door")
-        window.find("push button", "Edit help again")
+        window.find("push button", "Edit help").wait_for("sensitive")
         window.wait_for("active")
         close_by_window_manager()
 
