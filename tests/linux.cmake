@@ -4,9 +4,6 @@ add_test(NAME layers.includesAndLibraries
           --program $<TARGET_FILE:tavisk_command>)
 add_test(NAME tools.checkLayers
   COMMAND ${TAVISK_PYTHON} ${CMAKE_CURRENT_SOURCE_DIR}/tools/checkLayersTest.py)
-add_test(NAME documents.readme
-  COMMAND ${TAVISK_PYTHON} ${CMAKE_CURRENT_SOURCE_DIR}/tools/readmeTest.py
-          ${CMAKE_SOURCE_DIR}/README.md $<TARGET_FILE:tavisk_command>)
 
 add_subdirectory(browser)
 if(TAVISK_WINDOWS)
@@ -15,3 +12,4 @@ if(TAVISK_WINDOWS)
   add_subdirectory(install)
   add_subdirectory(examples)
 endif()
+add_subdirectory(docs)
