@@ -5,8 +5,8 @@ FUZZ_SECONDS ?= 60
 SOURCES = find src tests bench -name '*.h' -o -name '*.cpp'
 
 .NOTPARALLEL:
-.PHONY: build run test debug sanitize bench fuzz package windows windows-libraries windows-package test-windows format \
-    check-format tidy screenshots clean help
+.PHONY: build run test debug sanitize bench fuzz package test-package windows windows-libraries \
+    windows-package test-windows format check-format tidy screenshots clean help
 
 build: setup-build build/build.ninja ## the optimised command and component: build/tavisk, build/libtavisk.so
 	@cmake --build --preset release --target tavisk_command tavisk_component
@@ -39,6 +39,9 @@ fuzz: setup-fuzz ## run each fuzzer for FUZZ_SECONDS (60)
 
 package: setup-package build/build.ninja ## the Debian packages: build/packages
 	@cmake --build --preset release --target tavisk_package
+
+test-package: package ## install them into a clean root, try them, remove them (as root)
+	@ctest --preset release -C Package --tests-regex '^package'
 
 windows: windows-libraries ## Tavisk.dll for Windows: build/windows/x64, build/windows/x86
 	@mkdir -p build

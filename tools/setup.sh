@@ -2,7 +2,9 @@
 # Installs the Debian packages that are missing for the named groups of tasks; says nothing when
 # there is nothing to do.
 #
-#     tools/setup.sh GROUP...        groups: build display show test bench fuzz windows package style ci
+#     tools/setup.sh GROUP...           groups: build display show test bench fuzz windows package
+#                                       root style ci
+#     tools/setup.sh --list GROUP...    prints the groups' packages
 set -euo pipefail
 
 packages() {
@@ -49,6 +51,7 @@ packages() {
             packages show
             echo python3-pil            # draws the pictures of the examples
             echo poppler-utils          # reads printed pages
+            echo libxml2-utils          # xmllint, for the schema of documents
             echo locales                # a host with another way to write numbers
             echo man-db                 # reads the manual page
             echo bash-completion        # completes command lines
@@ -84,6 +87,18 @@ packages() {
             echo lintian                    # Debian's rules for packages
             echo debootstrap                # makes a clean root to try them in
             ;;
+        root) # in the clean root, to try the packages there
+            packages display
+            echo python3                # drives the windows
+            echo python3-gi             # speaks to the bus of screen readers
+            echo gir1.2-atspi-2.0       # what is spoken there
+            echo xdotool                # keyboard and mouse
+            echo g++                    # builds hosts
+            echo make                   # for CMake
+            echo cmake                  # find_package
+            echo pkg-config             # its elder
+            echo libxml2-dev            # the hosts' own XML
+            ;;
         style)
             packages build
             echo clang-format     # lays out the sources
@@ -105,7 +120,16 @@ packages() {
     esac
 }
 
+only_list=
+if [ "${1:-}" = --list ]; then
+    only_list=yes
+    shift
+fi
 wanted=$(for group in "$@"; do packages "$group"; done | sort -u)
+if [ -n "$only_list" ]; then
+    echo "$wanted"
+    exit
+fi
 
 if ! command -v apt-get > /dev/null; then
     if ! command -v cmake > /dev/null; then

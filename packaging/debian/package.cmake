@@ -33,6 +33,8 @@ set(CPACK_DEBIAN_LIB_DESCRIPTION "editor and preview for the help of product lib
 ${what}
 This package has the library with the editor and the preview window.")
 set(CPACK_DEBIAN_LIB_PACKAGE_SHLIBDEPS ON)
+# The toolkit's ticks in check boxes are pictures that it reads with this.
+set(CPACK_DEBIAN_LIB_PACKAGE_DEPENDS librsvg2-common)
 configure_file(${debian}/postrm.in ${made}/lib/postrm @ONLY)
 set(CPACK_DEBIAN_LIB_PACKAGE_CONTROL_EXTRA
   ${made}/lib/postrm ${debian}/symbols ${debian}/triggers)

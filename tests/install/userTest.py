@@ -1,0 +1,98 @@
+#!/usr/bin/python3
+"""What an ordinary user does with the installed packages, on a display: in a clean root, where
+nothing of the project is there but its packages and, for reading, its sources."""
+
+import shutil
+import subprocess
+import sys
+import unittest
+from pathlib import Path
+
+SOURCE = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(SOURCE / "tests" / "hosts"))
+from driver import Application, key, wait  # noqa: E402
+from hostCase import EDITOR, PREVIEW  # noqa: E402
+
+HOME = Path.home()
+PAGES = HOME / ".local" / "share" / "tavisk"
+DEADLINE_SECONDS = 60
+
+
+class User(unittest.TestCase):
+    def setUp(self):
+        self.file = HOME / "door.xml"
+        shutil.copy(SOURCE / "examples" / "door.xml", self.file)
+
+    def started(self, *words):
+        process = subprocess.Popen(list(map(str, words)), stdout=subprocess.PIPE,
+                                   stderr=subprocess.PIPE, text=True)
+        self.addCleanup(process.__exit__, None, None, None)
+        self.addCleanup(process.kill)
+        return process, Application(process)
+
+    def assert_ends_well(self, process):
+        out, err = process.communicate(timeout=DEADLINE_SECONDS)
+        self.assertEqual((process.returncode, out, err), (0, "", ""))
+
+    def edit(self, windows):
+        window = windows.window(EDITOR)
+        window.find("table cell", "Hinges").click()
+        wait(lambda: window.find("text", "Information Text").text.startswith("Two hinges"),
+             "the node is not shown")
+        window.find("check box", "Title bold").press()
+        window.press_button("OK")
+
+    def assert_edited(self):
+        self.assertIn('<Hinges value="Two hinges up to 900 mm, three above." ',
+                      self.file.read_text(encoding="utf-8"))
+        self.assertIn('style="1"', self.file.read_text(encoding="utf-8").partition("<Hinges")[2]
+                      .partition("/>")[0])
+
+    def close_page(self, windows):
+        windows.window(PREVIEW).wait_for("active")
+        key("Escape")
+
+    def assert_page(self, title):
+        page = (PAGES / "temp.html").read_text(encoding="cp1252")
+        self.assertIn("A door, 450 mm wide and 720 mm high.", page)
+        self.assertIn(title, page)
+
+    def test_edit_and_preview(self):
+        process, windows = self.started("tavisk", "edit", self.file)
+        self.edit(windows)
+        self.assert_ends_well(process)
+        self.assert_edited()
+        shutil.copy(SOURCE / "examples" / "door.xml", self.file)
+        process, windows = self.started("tavisk", "preview", self.file, "--evaluate")
+        self.close_page(windows)
+        self.assert_ends_well(process)
+        self.assert_page("D45")
+
+    def host(self, program):
+        process, windows = self.started(program, self.file)
+        self.edit(windows)
+        self.close_page(windows)
+        self.assert_ends_well(process)
+        self.assert_edited()
+        self.assert_page("D45")
+
+    def test_a_host_in_c(self):
+        flags = subprocess.run(["pkg-config", "--cflags", "--libs", "tavisk", "libxml-2.0"],
+                               check=True, capture_output=True, text=True).stdout.split()
+        # The tree is where compilers look anyway.
+        self.assertEqual([flag for flag in flags if "tavisk" in flag], ["-ltavisk"])
+        program = HOME / "hosts" / "edit"
+        program.parent.mkdir(exist_ok=True)
+        subprocess.run(["cc", SOURCE / "examples" / "c" / "edit.c", "-o", program, *flags],
+                       check=True)
+        self.host(program)
+
+    def test_a_host_in_cpp(self):
+        build = HOME / "hosts" / "cpp"
+        for words in (["-S", SOURCE / "examples" / "cpp", "-B", build], ["--build", build]):
+            subprocess.run(["cmake", *words], check=True, stdout=subprocess.DEVNULL)
+        self.host(build / "edit")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
