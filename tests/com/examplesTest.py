@@ -1,9 +1,13 @@
 #!/usr/bin/python3
 """The smallest hosts for Windows, used as by a user who refreshes the formula values."""
 
+import sys
 import unittest
 
 from comCase import HERE, ComTest, Process, script
+
+sys.path.insert(0, str(HERE.parent / "docs"))
+from documents import Document  # noqa: E402
 
 EXAMPLES = HERE.parents[1] / "examples"
 EDITOR = "Library Help XML Editor"
@@ -81,6 +85,17 @@ class Examples(ComTest):
         self.assertEqual(host.end(), (0, []))
         page = (self.component / "temp.html").read_text(encoding="cp1252")
         self.assertIn("A door, 450 mm wide and 720 mm high.", page)
+
+    def test_the_one_in_the_readme(self):
+        [block] = [block for block in Document(HERE.parents[1] / "README.md").blocks
+                   if block.said("file") == "host.vbs"]
+        example = self.folder / "host.vbs"
+        example.write_text(block.text, encoding="ascii")
+        self.file.write_text(DOOR, encoding="utf-8")
+        host = Process(*script(example, self.file))
+        self.driver.ask("press", EDITOR, "OK")
+        self.assertEqual(host.end(), (0, []))
+        self.assertIn(FORMULAS, self.file.read_text(encoding="utf-8"))
 
     def test_a_preview_tells_what_went_wrong(self):
         host = self.start("preview.vbs", DOOR.replace("450", "\u0142"))

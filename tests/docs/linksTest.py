@@ -8,6 +8,7 @@ import unittest
 from documents import ROOT, documents
 
 ELSEWHERE = re.compile(r"(https?|mailto):")
+FILE = re.compile(r"[\w.-]+(/[\w.*-]+)*/[\w*-]+\.(h|cpp|c|py|sh|xml|md|cmake|txt|rng|map|idl|def)")
 
 
 class Links(unittest.TestCase):
@@ -36,6 +37,27 @@ class Links(unittest.TestCase):
                     target = self.documents[str(path.relative_to(ROOT))]
                     self.assertIn(anchor, target.anchors())
 
+    def each_word(self):
+        """Document and text of everything that is written as code in a line."""
+        for document in self.documents.values():
+            for line in document.prose:
+                for word in re.findall(r"`([^`]+)`", line):
+                    yield document, word
+
+    def test_files_that_are_named_exist(self):
+        for document, word in self.each_word():
+            if FILE.fullmatch(word):
+                with self.subTest(document=document.path.name, file=word):
+                    places = (ROOT, ROOT / "src", document.path.parent)
+                    self.assertTrue(any(list(place.glob(word)) for place in places))
+
+    def test_commands_of_the_makefile_exist(self):
+        targets = re.findall(r"^([\w-]+):", (ROOT / "Makefile").read_text(), re.MULTILINE)
+        for document, word in self.each_word():
+            if target := re.match(r"make ([\w-]+)", word):
+                with self.subTest(document=document.path.name, command=word):
+                    self.assertIn(target[1], targets)
+
     def test_pictures_say_what_they_show(self):
         for name, document in self.documents.items():
             for tag in re.findall(r"<img [^>]*>", "\n".join(document.prose)):
@@ -62,7 +84,7 @@ class Links(unittest.TestCase):
                 self.assertIn(ROOT / name, reached)
 
     def test_a_table_of_contents_names_the_headings(self):
-        for name in ("docs/authors.md", "docs/hosts.md"):
+        for name in ("docs/authors.md", "docs/hosts.md", "docs/servers.md"):
             document = self.documents[name]
             listed = re.findall(r"^- \[.*\]\(#(.*)\)$", "\n".join(document.prose), re.MULTILINE)
             self.assertEqual(listed, document.anchors()[1:], name)
