@@ -13,14 +13,16 @@ opens; the other commands do without a window what the editor does, for build se
 Usage:
   tavisk edit FILE [-o OUT]                           edit the document in a window
   tavisk preview FILE [--evaluate]                    show the page in a window
-  tavisk render FILE --folder DIR [--evaluate]        write the HTML page
+  tavisk render FILE... --folder DIR [--evaluate]     write the HTML pages
+  tavisk render FILE --standalone -o OUT [--evaluate] write the page as one file
   tavisk save FILE [--refresh KEY] [-o OUT]           load, then save as the editor's OK does
-  tavisk check FILE [--json]                          report what an author should mend
+  tavisk check FILE... [--json | --sarif]             report what an author should mend
   tavisk COMMAND --help                               more on one command
   tavisk --version
 
 FILE is UTF-8, or UTF-16 with a byte order mark; "-" is standard input. Options may stand before or
-after FILE; behind "--" everything is FILE.
+after FILE; behind "--" everything is FILE. "render" and "check" take several, as many at a time as
+--jobs says; one that goes wrong does not stop the others.
 
 A first page:
   tavisk edit kitchen.xml
@@ -28,7 +30,7 @@ A first page:
   tavisk render kitchen.xml --folder out --evaluate
   xdg-open out/temp.html
 
-Exit codes:
+Exit codes, the highest one of several documents:
   0  done; for check: nothing found
   1  check found something
   2  the command line is wrong
@@ -84,24 +86,44 @@ error.
 )";
 
 constexpr std::string_view renderText =
-    R"(Usage: tavisk render FILE --folder DIR [--evaluate]
+    R"(Usage: tavisk render FILE... --folder DIR [--evaluate] [--each] [--jobs N]
+       tavisk render FILE... --folder DIR --standalone [--evaluate] [--jobs N]
+       tavisk render FILE -o OUT --standalone [--evaluate] [--folder DIR]
 
 Writes the page that the preview shows to DIR/temp.html, in code page 1252. The file is replaced
-whole or, after an error, left as it was.
+whole or, after an error, left as it was. For several FILEs, a folder for each: DIR/NAME/temp.html,
+where NAME is that of FILE without its extension, or "document" for standard input.
 
   --folder DIR   where the page goes; created if missing. cabinet.png, the picture below overlays,
                  and style.css, the page's stylesheet, are copied there if they are absent; put your
-                 own there to have them used.
+                 own there to have them used, for all pages if there are several.
   --evaluate     fill in the values of the formulas, the pictures and the overlays; the pictures
                  are written to DIR/temp_images/. Without it the texts show their tokens as typed.
+  --each         a folder for each FILE, even if there is only one.
+  --standalone   one file that needs no others, for mail or a web site: DIR/NAME.html, or OUT. It
+                 is UTF-8; its pictures and its style are inside, and scripts in it do not run.
+                 Addresses on other machines stay; a picture that is missing is told on standard
+                 error. The cabinet.png and style.css that are in DIR are used; nothing else is
+                 written there.
+  -o OUT         the file of a standalone page; "-" is standard output.
+  --jobs N       how many documents are worked on at a time, from 1 to 256; by default as many as
+                 there are processors. What is written is the same.
 
-The page names its pictures by their full path, so DIR must not be moved afterwards.
+The page names its pictures by their full path, so DIR must not be moved afterwards; a standalone
+page may be.
+
+For several FILEs, or with --each, standard error says in one line each what went wrong, and one
+line on standard output how many documents came out how: "3 documents: 2 rendered, 1 rejected".
+Two FILEs of one NAME, in whatever letter case, are an error in usage.
 
 Examples:
   tavisk render kitchen.xml --folder out --evaluate
+  tavisk render help/*.xml --folder out --evaluate --each
+  tavisk render kitchen.xml --standalone -o kitchen.html --evaluate
   generate-help | tavisk render - --folder=/srv/help/kitchen --evaluate
 
-Exit codes: 0 done, 2 usage, 3 document rejected, 4 run-time error.
+Exit codes, the highest one of several documents: 0 done, 2 usage, 3 document rejected, 4 run-time
+error.
 )";
 
 constexpr std::string_view saveText =
@@ -128,7 +150,7 @@ Exit codes: 0 done, 2 usage or a key that no node has, 3 document rejected, 4 ru
 )";
 
 constexpr std::string_view checkText =
-    R"(Usage: tavisk check FILE [--json]
+    R"(Usage: tavisk check FILE... [--json | --sarif] [--jobs N]
 
 Reports what an author wants to know before the document goes out, one finding per line:
 
@@ -141,7 +163,16 @@ not what was meant.
 
   --json         one JSON object instead: {"file", "findings": [{"severity", "code", "key",
                  "attribute", "position", "message"}]}; key, attribute and position are null where
-                 there is none.
+                 there is none. For several FILEs {"documents": [...], "summary": {"documents",
+                 "clean", "withFindings", "failed", "findings"}}; a document that could not be read
+                 has an "error": {"number", "message"}.
+  --sarif        SARIF 2.1.0 instead, which code-review pages show: every finding with the line and
+                 column in FILE where it stands.
+  --jobs N       how many documents are worked on at a time, from 1 to 256; by default as many as
+                 there are processors. What is written is the same.
+
+For several FILEs the last line says how many documents came out how, on standard error with --json
+or --sarif: "3 documents: 1 clean, 1 with findings, 1 failed; 5 findings".
 
 What is looked at:
   the document   why it would be rejected (not-well-formed, document-rejected), or could not be
@@ -159,8 +190,10 @@ What is looked at:
 Examples:
   tavisk check kitchen.xml
   tavisk check kitchen.xml --json | jq -r '.findings[].code' | sort | uniq -c
+  tavisk check help/*.xml --sarif > findings.sarif
 
-Exit codes: 0 nothing found, 1 something found (a rejected document too), 2 usage, 4 run-time error.
+Exit codes, the highest one of several documents: 0 nothing found, 1 something found (a rejected
+document too), 2 usage, 4 run-time error.
 )";
 
 }  // namespace

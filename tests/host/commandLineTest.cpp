@@ -169,5 +169,99 @@ TEST(CommandLine, RefusesWordsBehindVersion) {
     EXPECT_EQ(refused({"--version", "x"}), "tavisk: nothing may follow \"--version\"");
 }
 
+TEST(CommandLine, RenderAndCheckTakeManyFiles) {
+    EXPECT_EQ(accepted({"check", "a", "b", "a"}).files, (Words{"a", "b", "a"}));
+    EXPECT_EQ(accepted({"render", "a", "--folder", "out", "b"}).files, (Words{"a", "b"}));
+}
+
+TEST(CommandLine, TheOthersTakeOneFile) {
+    for (const char* command : {"edit", "preview", "save"}) {
+        EXPECT_EQ(refused({command, "a", "b"}),
+                  "tavisk " + std::string(command) +
+                      ": one FILE only, but \"b\" is a second one (try \"tavisk " + command +
+                      " --help\")");
+    }
+}
+
+TEST(CommandLine, StandardInputIsThereOnce) {
+    EXPECT_EQ(refused({"check", "-", "a", "-"}),
+              "tavisk check: standard input is given twice (try \"tavisk check --help\")");
+    EXPECT_EQ(accepted({"check", "-", "a"}).files, (Words{"-", "a"}));
+}
+
+TEST(CommandLine, JobsIsAWholeNumber) {
+    EXPECT_FALSE(accepted({"check", "a"}).jobs);
+    EXPECT_EQ(accepted({"check", "a", "--jobs", "1"}).jobs, 1u);
+    EXPECT_EQ(accepted({"render", "a", "--folder=o", "--jobs=256"}).jobs, 256u);
+    for (const char* number : {"0", "257", "1000", "1.5", "+2", "x", "1 "}) {
+        EXPECT_EQ(refused({"check", "a", "--jobs", number}),
+                  "tavisk check: \"--jobs\" takes a whole number from 1 to 256, not \"" +
+                      std::string(number) + "\" (try \"tavisk check --help\")");
+    }
+    EXPECT_EQ(refused({"check", "a", "--jobs", "1", "--jobs", "2"}),
+              "tavisk check: \"--jobs\" is given twice (try \"tavisk check --help\")");
+    EXPECT_EQ(refused({"check", "a", "--jobs"}),
+              "tavisk check: \"--jobs\" needs a value (try \"tavisk check --help\")");
+    EXPECT_EQ(refused({"save", "a", "--jobs", "1"}),
+              "tavisk save: unknown option \"--jobs\" (try \"tavisk save --help\")");
+}
+
+TEST(CommandLine, CheckTakesSarif) {
+    EXPECT_TRUE(accepted({"check", "a", "--sarif"}).sarif);
+    EXPECT_FALSE(accepted({"check", "a", "--json"}).sarif);
+}
+
+TEST(CommandLine, JsonAndSarifExcludeEachOther) {
+    EXPECT_EQ(refused({"check", "a", "--json", "--sarif"}),
+              "tavisk check: \"--json\" and \"--sarif\" exclude each other (try \"tavisk check "
+              "--help\")");
+}
+
+TEST(CommandLine, AStandalonePageGoesToAFolderOrAFile) {
+    const CommandLine toFile = accepted({"render", "a.xml", "--standalone", "-o", "a.html"});
+    EXPECT_TRUE(toFile.standalone);
+    EXPECT_EQ(toFile.output, "a.html");
+    EXPECT_FALSE(toFile.folder);
+    EXPECT_EQ(accepted({"render", "a.xml", "--standalone", "--folder", "out"}).folder, "out");
+    EXPECT_EQ(accepted({"render", "a", "--standalone", "-o", "b", "--folder", "c"}).output, "b");
+    EXPECT_EQ(refused({"render", "a.xml", "--standalone"}),
+              "tavisk render: --folder DIR or -o OUT is missing (try \"tavisk render --help\")");
+}
+
+TEST(CommandLine, OnlyAStandalonePageHasAFile) {
+    EXPECT_EQ(
+        refused({"render", "a.xml", "--folder", "out", "-o", "b"}),
+        "tavisk render: \"-o\" goes with \"--standalone\" only (try \"tavisk render --help\")");
+    EXPECT_EQ(refused({"render", "a", "b", "--standalone", "-o", "c"}),
+              "tavisk render: \"-o\" is for one FILE; for several give --folder DIR (try \"tavisk "
+              "render --help\")");
+}
+
+TEST(CommandLine, EachIsForFolders) {
+    EXPECT_TRUE(accepted({"render", "a", "--folder", "out", "--each"}).each);
+    EXPECT_EQ(refused({"render", "a", "--folder", "out", "--each", "--standalone"}),
+              "tavisk render: \"--each\" and \"--standalone\" exclude each other (try \"tavisk "
+              "render --help\")");
+}
+
+TEST(CommandLine, RefusesPagesOfOneName) {
+    EXPECT_EQ(refused({"render", "x/a.xml", "b.xml", "y/A.html", "--folder", "out"}),
+              "tavisk render: the pages of \"x/a.xml\" and \"y/A.html\" would have one name, \"A\" "
+              "(try \"tavisk render --help\")");
+    EXPECT_EQ(refused({"render", "a", "./a", "--folder", "out", "--standalone"}),
+              "tavisk render: the pages of \"a\" and \"./a\" would have one name, \"a\" (try "
+              "\"tavisk render --help\")");
+    EXPECT_EQ(accepted({"render", "a.b.xml", "a.c.xml", "--folder", "out"}).files.size(), 2u);
+}
+
+TEST(CommandLine, RefusesPagesWithoutAName) {
+    for (const char* file : {"..", "x/.", "x/"}) {
+        EXPECT_EQ(refused({"render", file, "--each", "--folder", "out"}),
+                  "tavisk render: no name for the page of \"" + std::string(file) +
+                      "\" (try \"tavisk render --help\")");
+    }
+    EXPECT_EQ(accepted({"render", "..", "--folder", "out"}).file(), "..");
+}
+
 }  // namespace
 }  // namespace tavisk
