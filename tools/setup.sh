@@ -93,6 +93,7 @@ packages() {
             echo python3-gi             # speaks to the bus of screen readers
             echo gir1.2-atspi-2.0       # what is spoken there
             echo xdotool                # keyboard and mouse
+            echo desktop-file-utils     # finds the program for a document
             echo g++                    # builds hosts
             echo make                   # for CMake
             echo cmake                  # find_package
