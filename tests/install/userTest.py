@@ -11,11 +11,23 @@ from pathlib import Path
 SOURCE = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(SOURCE / "tests" / "hosts"))
 from driver import Application, key, wait  # noqa: E402
+from gi.repository import Gio  # noqa: E402
 from hostCase import EDITOR, PREVIEW  # noqa: E402
 
 HOME = Path.home()
 PAGES = HOME / ".local" / "share" / "tavisk"
 DEADLINE_SECONDS = 60
+
+
+class Launched:
+    """A process that somebody else started."""
+
+    def __init__(self, pid):
+        self.pid = pid
+        self.returncode = None
+
+    def poll(self):
+        return None if Path(f"/proc/{self.pid}").exists() else "an unknown code"
 
 
 class User(unittest.TestCase):
@@ -67,6 +79,23 @@ class User(unittest.TestCase):
         self.close_page(windows)
         self.assert_ends_well(process)
         self.assert_page("D45")
+
+    def test_the_desktop_opens_a_document(self):
+        document = self.file.rename(self.file.with_suffix(".cabinetinfo"))
+        file = Gio.File.new_for_path(str(document))
+        kind = file.query_info("standard::content-type", 0, None).get_content_type()
+        self.assertEqual(kind, "application/vnd.tavisk.help+xml")
+        editor = Gio.AppInfo.get_default_for_type(kind, False)
+        self.assertEqual(editor.get_id(), "tavisk.desktop")
+        launched = []
+        context = Gio.AppLaunchContext()
+        context.connect("launched", lambda _, __, data: launched.append(data["pid"]))
+        editor.launch_uris([file.get_uri()], context)
+        self.edit(Application(Launched(*launched)))
+        self.file = document
+        wait(lambda: 'style="1"' in document.read_text(encoding="utf-8").partition("<Hinges")[2],
+             "the document is not written")
+        self.assert_edited()
 
     def host(self, program):
         process, windows = self.started(program, self.file)
