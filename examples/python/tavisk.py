@@ -60,7 +60,8 @@ def preview_xml(xml: str, evaluate: bool = False) -> None:
 
 def version() -> str:
     """The library's, for example "1.0.0"."""
-    return _library().tavisk_version().decode()
+    text: bytes = _library().tavisk_version()
+    return text.decode()
 
 
 def _bytes(xml: str) -> bytes:
