@@ -19,8 +19,12 @@ def with_values(document: str) -> str:
     ET.register_namespace("dt", "urn:schemas-microsoft-com:datatypes")
     parser = ET.XMLParser(target=ET.TreeBuilder(insert_comments=True, insert_pis=True))
     root = ET.fromstring(document, parser)
-    for formula in root.iter("formula"):
-        formula.set("value", VALUES.get(formula.get("name", ""), "?"))
+    for formula in root.findall("formula"):
+        name = formula.get("name", "")
+        if name.startswith("@"):  # the path of a picture, which a value would hide
+            root.remove(formula)
+        else:
+            formula.set("value", VALUES.get(name, "?"))
     return ET.tostring(root, encoding="unicode")
 
 

@@ -17,7 +17,7 @@ NO_DISPLAY = "361 Can't load or unload this object"
 CAUGHT = "\nexcept tavisk.Error as e: print(e.number, e.text)"
 
 
-class Module(unittest.TestCase):
+class Interpreter(unittest.TestCase):
     def ask(self, code, folder=FOLDER, **environment):
         """What `code` prints."""
         own = {**os.environ, "PYTHONPATH": str(folder), "PYTHONDONTWRITEBYTECODE": "1",
@@ -30,6 +30,8 @@ class Module(unittest.TestCase):
         self.assertEqual(done.returncode, 0, done.stderr)
         return done.stdout.strip()
 
+
+class Module(Interpreter):
     def library(self):
         """The library's file."""
         return Path(self.ask("print(tavisk._library()._name)")).resolve()
@@ -75,6 +77,32 @@ class Module(unittest.TestCase):
                         TAVISK_LIBRARY="/nowhere/libtavisk.so")
         self.assertEqual(said, "/nowhere/libtavisk.so: cannot open shared object file: No such file or "
                                "directory; TAVISK_LIBRARY can name the library of Tavisk")
+
+
+class Host(Interpreter):
+    """What edit.py writes into a document."""
+
+    def with_values(self, document):
+        return self.ask(f"import edit; print(edit.with_values({document!r}), end='')")
+
+    def test_every_formula_has_a_value(self):
+        self.assertEqual(self.with_values('<cabinetinfo><formula name="width"/><formula name="x" '
+                                          'value="old"/></cabinetinfo>'),
+                         '<cabinetinfo><formula name="width" value="450" /><formula name="x" '
+                         'value="?" /></cabinetinfo>')
+
+    def test_line_breaks_comments_and_pictures_stay(self):
+        document = ('<cabinetinfo><cabinet><!-- node --><A value="a&#10;b" /></cabinet><image '
+                    'xmlns:dt="urn:schemas-microsoft-com:datatypes" dt:dt="bin.base64">AAAA</image>'
+                    '</cabinetinfo>')
+        kept = self.with_values(document)
+        self.assertIn('<cabinet><!-- node --><A value="a&#10;b" /></cabinet>', kept)
+        self.assertIn('<image dt:dt="bin.base64">AAAA</image>', kept)
+        self.assertIn('xmlns:dt="urn:schemas-microsoft-com:datatypes"', kept)
+
+    def test_formulas_that_would_hide_external_pictures_go(self):
+        self.assertEqual(self.with_values('<cabinetinfo><formula name="@/a.png" standard="0"/>'
+                                          '</cabinetinfo>'), "<cabinetinfo />")
 
 
 if __name__ == "__main__":
