@@ -1,6 +1,7 @@
 #include "document/helpNames.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace tavisk {
 namespace {
@@ -14,6 +15,12 @@ std::string replaced(std::string_view name, char what, char with) {
 }  // namespace
 
 std::string shownName(std::string_view elementName) { return replaced(elementName, '_', ' '); }
+
+void appendShownName(std::string& text, std::string_view elementName) {
+    const auto at = static_cast<std::ptrdiff_t>(text.size());
+    text += elementName;
+    std::replace(text.begin() + at, text.end(), '_', ' ');
+}
 
 std::string elementName(std::string_view shownName) { return replaced(shownName, ' ', '_'); }
 

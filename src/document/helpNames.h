@@ -8,6 +8,8 @@ namespace tavisk {
 
 /// "_" becomes " ".
 std::string shownName(std::string_view elementName);
+/// The same behind what is in `text` already.
+void appendShownName(std::string& text, std::string_view elementName);
 
 /// " " becomes "_".
 std::string elementName(std::string_view shownName);

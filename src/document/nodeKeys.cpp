@@ -21,12 +21,6 @@ bool startsKeys(const dom::Node* parent) {
 
 char shown(char c) { return c == '_' ? ' ' : c; }
 
-void appendShown(std::string& key, std::string_view baseName) {
-    const auto at = static_cast<std::ptrdiff_t>(key.size());
-    key += baseName;
-    std::replace(key.begin() + at, key.end(), '_', ' ');
-}
-
 /// Whether `text` begins with the shown form of `baseName`.
 bool beginsWithShown(std::string_view text, std::string_view baseName) {
     if (text.size() < baseName.size()) return false;
@@ -116,7 +110,7 @@ void appendKeysBelow(const dom::Node& parent, std::size_t parentKey,
             key.reserve(keys[parentKey].size() + keySeparator.size() + name.size());
             key.append(keys[parentKey]).append(keySeparator);
         }
-        appendShown(key, name);
+        appendShownName(key, name);
         keys.push_back(std::move(key));
         if (child->hasChildren()) appendKeysBelow(*child, keys.size() - 1, keys);
     }
@@ -132,7 +126,7 @@ std::string KeyOfElement(const dom::Node& element, std::string_view separator, b
         if (last && !useShownNames) {
             key += step->baseName();
         } else {
-            appendShown(key, step->baseName());
+            appendShownName(key, step->baseName());
         }
     }
     return key;
@@ -142,7 +136,7 @@ std::string KeyOfTreeNode(const dom::Node& base, const dom::Node& row, std::stri
     std::string key = shownName(base.baseName());
     for (const dom::Node* step : rowPath(base, row)) {
         key += separator;
-        appendShown(key, step->baseName());
+        appendShownName(key, step->baseName());
     }
     return key;
 }

@@ -1,12 +1,14 @@
 #include "host/nodeChecks.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "document/helpNames.h"
 #include "document/nodeKeys.h"
-#include "document/xmlParse.h"
 #include "host/attributeChecks.h"
 #include "host/textChecks.h"
 #include "platform/text.h"
@@ -14,25 +16,45 @@
 namespace tavisk {
 namespace {
 
-struct Rule {
-    std::string_view attribute;
-    std::string_view missing;
-    AttributeCheck check;
+/// The attributes of a node that are looked at.
+enum : std::size_t {
+    titleColour,
+    answerColour,
+    titleFontSize,
+    answerFontSize,
+    titleHidden,
+    answerHidden,
+    style,
+    spaceBefore,
+    spaceAfter,
+    columnBreak,
+    pageBreak,
+    value,
+    attributeCount
 };
 
-constexpr std::array rules{
-    Rule{"titlecolor", "#000000", checkColour},
-    Rule{"answercolor", "#000000", checkColour},
-    Rule{"titlefontsize", "0", checkFontSize},
-    Rule{"answerfontsize", "0", checkFontSize},
-    Rule{"titlehidden", "0", checkFlag},
-    Rule{"answerhidden", "0", checkFlag},
-    Rule{"style", "0", checkStyle},
-    Rule{"spacebefore", "0", checkGap},
-    Rule{"spaceafter", "0", checkGap},
-    Rule{"columnbreak", "0", checkFlag},
-    Rule{"pagebreak", "0", checkFlag},
-};
+constexpr std::array<std::string_view, attributeCount> names{
+    "titlecolor", "answercolor", "titlefontsize", "answerfontsize", "titlehidden", "answerhidden",
+    "style",      "spacebefore", "spaceafter",    "columnbreak",    "pagebreak",   "value"};
+
+/// What is missing is right in any case. The texts of `value` have checks of their own.
+constexpr std::array<AttributeCheck, attributeCount> checks{
+    checkColour, checkColour, checkFontSize, checkFontSize, checkFlag, checkFlag,
+    checkStyle,  checkGap,    checkGap,      checkFlag,     checkFlag, nullptr};
+
+/// The first attribute of each name, null where there is none.
+using Attributes = std::array<const dom::Attribute*, attributeCount>;
+
+Attributes attributesOf(const dom::Node& node) {
+    Attributes attributes{};
+    for (const dom::Attribute& attribute : node.attributes()) {
+        const auto found = std::ranges::find(names, attribute.baseName());
+        if (found == names.end()) continue;
+        const dom::Attribute*& first = attributes[static_cast<std::size_t>(found - names.begin())];
+        if (first == nullptr) first = &attribute;
+    }
+    return attributes;
+}
 
 const char* kindOf(const dom::Node& node) {
     switch (node.type()) {
@@ -42,8 +64,34 @@ const char* kindOf(const dom::Node& node) {
     }
 }
 
-bool isSet(const dom::Node& node, std::string_view flag) {
-    return GetAttributeValue(&node, flag, "0") == "1";
+bool isSet(const dom::Attribute* flag) { return flag != nullptr && flag->text() == "1"; }
+
+/// Children that have the local name of an earlier one beside them; mostly there are none.
+using NodeSet = std::unordered_set<const dom::Node*>;
+
+NodeSet namesakes(const dom::Node& parent) {
+    NodeSet found;
+    // Comparing is faster than hashing as long as there are few.
+    constexpr std::size_t few = 16;
+    std::array<std::string_view, few> seen;
+    std::size_t count = 0;
+    std::unordered_set<std::string_view> seenOfMany;
+    for (const dom::Node* child = parent.firstChild(); child != nullptr; child = child->next()) {
+        if (!child->isElement()) continue;
+        const std::string_view name = child->baseName();
+        if (count < few) {
+            const auto end = seen.begin() + static_cast<std::ptrdiff_t>(count);
+            if (std::find(seen.begin(), end, name) != end) {
+                found.insert(child);
+            } else {
+                seen[count++] = name;
+            }
+            continue;
+        }
+        if (seenOfMany.empty()) seenOfMany.insert(seen.begin(), seen.end());
+        if (!seenOfMany.insert(name).second) found.insert(child);
+    }
+    return found;
 }
 
 class NodeChecks {
@@ -61,11 +109,12 @@ public:
         }
         if (node.isElement()) checkElement();
 
-        std::unordered_set<std::string_view> names;
+        if (!node.hasChildren()) return;
+        const NodeSet clashing = namesakes(node);
         std::size_t count = 0;
         for (const dom::Node* child = node.firstChild(); child != nullptr; child = child->next()) {
             ++count;
-            visit(*child, child->isElement() && !names.insert(child->baseName()).second);
+            visit(*child, !clashing.empty() && clashing.contains(child));
         }
         if (count > maxCount) {
             lookAt(node, number);
@@ -129,33 +178,34 @@ private:
         }
         for (const dom::Attribute& attribute : node_->attributes())
             addIf(checkLength(attribute.text()), attribute.baseName());
-        for (const Rule& rule : rules) {
-            addIf(rule.check(GetAttributeValue(node_, rule.attribute, rule.missing)),
-                  rule.attribute);
+        const Attributes attributes = attributesOf(*node_);
+        for (std::size_t i = 0; i < attributeCount; ++i) {
+            if (attributes[i] == nullptr || checks[i] == nullptr) continue;
+            addIf(checks[i](attributes[i]->text()), names[i]);
         }
         const bool hasRow = node_ != &cabinet_;
-        if (hasRow) checkTitle();
-        checkAnswer(hasRow && !isSet(*node_, "answerhidden"));
+        if (hasRow) checkTitle(isSet(attributes[titleHidden]));
+        if (attributes[value] == nullptr) return;
+        checkAnswer(attributes[value]->text(), hasRow && !isSet(attributes[answerHidden]));
     }
 
-    void checkTitle() {
-        std::optional<Problem> problem =
-            checkCharacters(node_->baseName(), isSet(*node_, "titlehidden"));
+    void checkTitle(bool hidden) {
+        std::optional<Problem> problem = checkCharacters(node_->baseName(), hidden);
         if (!problem) return;
         problem->position.reset();  // positions are those of attribute texts
         add(std::move(*problem));
     }
 
-    void checkAnswer(bool shown) {
-        const std::string_view text = GetAttributeValue(node_, "value", "");
+    void checkAnswer(std::string_view text, bool shown) {
         if (checkLength(text)) return;
-        for (Problem& problem : checkTokens(text, names_))
-            add(std::move(problem), "value");
-        addIf(checkCharacters(text, !shown && !givesHeading(*node_)), "value");
+        for (Problem& problem : checkTokens(text, names_, tokens_))
+            add(std::move(problem), names[value]);
+        addIf(checkCharacters(text, !shown && !givesHeading(*node_)), names[value]);
     }
 
     const dom::Node& cabinet_;
     TokenNames& names_;
+    std::vector<Token> tokens_;
     FindingList& findings_;
     NodeNumbers failing_;
     std::size_t visited_ = 0;

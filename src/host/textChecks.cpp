@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "formulas/tokens.h"
 #include "platform/codePage1252.h"
 #include "platform/text.h"
 
@@ -72,9 +71,14 @@ std::string codePointName(std::string_view character) {
 }  // namespace
 
 std::vector<Problem> checkTokens(std::string_view text, TokenNames& names) {
+    std::vector<Token> tokens;
+    return checkTokens(text, names, tokens);
+}
+
+std::vector<Problem> checkTokens(std::string_view text, TokenNames& names,
+                                 std::vector<Token>& tokens) {
     std::vector<Problem> problems;
     if (text.find('`') == std::string_view::npos) return problems;
-    std::vector<Token> tokens;
     scanTokens(text, tokens);
     Positions positions(text);
     std::size_t end = 0;

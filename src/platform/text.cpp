@@ -317,6 +317,8 @@ std::string lowerAscii(std::string_view text) {
 }
 
 double leadingNumber(std::string_view text) noexcept {
+    // Nearly all numbers of documents are one digit.
+    if (text.size() == 1 && isDigit(text.front())) return text.front() - '0';
     text = trimLeft(text);
     const std::size_t length = numberLength(text);
     return length == 0 ? 0.0 : valueOf(text.substr(0, length));

@@ -66,11 +66,13 @@ void appendClosing(std::string& html, const Look& look) {
     if (look.bold) html += "</b>";
 }
 
+/// `appendText` adds what stands in the cell.
+template <class AppendText>
 void appendCell(std::string& html, std::string_view opening, const Look& look,
-                std::string_view text) {
+                AppendText appendText) {
     html += opening;
     appendOpening(html, look);
-    html += text;
+    appendText();
     appendClosing(html, look);
     html += cellClosing;
 }
@@ -98,12 +100,14 @@ void appendNodeRow(std::string& html, std::string_view baseName,
     if (titleHidden && answerHidden) return;
 
     html += rowOpening;
+    const auto appendTitle = [&] { appendShownName(html, baseName); };
+    const auto appendAnswer = [&] { html += value; };
     if (titleHidden) {
-        appendCell(html, wideCell, answer, value);
+        appendCell(html, wideCell, answer, appendAnswer);
     } else {
         const bool alone = answerHidden || value.empty();
-        appendCell(html, alone ? wideCell : cell, title, shownName(baseName));
-        if (!alone) appendCell(html, cell, answer, value);
+        appendCell(html, alone ? wideCell : cell, title, appendTitle);
+        if (!alone) appendCell(html, cell, answer, appendAnswer);
     }
     html += rowClosing;
 }
