@@ -1,7 +1,7 @@
 # Completion for tavisk(1).
 _tavisk() {
-    local cur prev words cword
-    _init_completion || return
+    local cur prev words cword split
+    _init_completion -s || return
 
     local commands="edit preview render save check"
     local command= word
@@ -36,6 +36,7 @@ _tavisk() {
             ;;
     esac
 
+    $split && return
     if [[ $cur == -* ]]; then
         local options
         case $command in
