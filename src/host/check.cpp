@@ -9,6 +9,7 @@
 
 #include "document/helpDocument.h"
 #include "host/nodeChecks.h"
+#include "host/plainPage.h"
 #include "host/rehearsal.h"
 #include "host/sourcePlaces.h"
 #include "host/storeChecks.h"
@@ -76,10 +77,12 @@ Findings checkDocument(dom::Source source, Places places) {
     checkPictures(names, list);
     if (places == Places::wanted) setPlaces(list, *document.articledoc, source);
 
+    const bool plain = list.findings().empty() && pageCannotFail(*document.cabinet, names);
     const bool explained = list.hasErrors();
     Findings findings = std::move(list).take();
     // From here on the tree is not what it was, and `names` means nothing.
-    if (const std::optional<Failure> failure = rehearse(std::move(document))) {
+    if (const std::optional<Failure> failure =
+            rehearse(std::move(document), plain ? Page::leftOut : Page::made)) {
         std::ranges::move(explain(*failure, source, failing, explained, places),
                           std::back_inserter(findings));
     }

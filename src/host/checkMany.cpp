@@ -12,6 +12,7 @@
 #include "host/inOrder.h"
 #include "host/input.h"
 #include "host/jobs.h"
+#include "host/memory.h"
 #include "host/output.h"
 #include "host/progress.h"
 #include "host/sarifReport.h"
@@ -54,6 +55,7 @@ ExitCode exitCodeOf(const CheckTotals& totals) {
 }  // namespace
 
 ExitCode checkMany(const CommandLine& line, const Streams& streams) {
+    keepFreedMemory();
     Progress progress(streams.err, streams.errIsTerminal);
     progress.phase("checking the documents");
     const std::unique_ptr<CheckReport> report = reportFor(line);

@@ -56,7 +56,7 @@ private:
 
 }  // namespace
 
-std::optional<Failure> rehearse(HelpDocument document) {
+std::optional<Failure> rehearse(HelpDocument document, Page page) {
     Failure failure{"cannot-be-loaded", "loaded", RunTimeError(ErrorNumber::invalidArgument)};
     try {
         NoFiles files;
@@ -64,7 +64,7 @@ std::optional<Failure> rehearse(HelpDocument document) {
         session.load(std::move(document), HelpSession::Keep::nothing);
         failure.code = renderCode;
         failure.step = "shown";
-        session.generatepreview(true);
+        if (page == Page::made) session.generatepreview(true);
         failure.code = "cannot-be-saved";
         failure.step = "saved";
         session.saveDocument();

@@ -17,8 +17,10 @@ struct Failure {
     RunTimeError error;
 };
 
-/// Loads, shows with values, saves. None when all of it goes well.
-std::optional<Failure> rehearse(HelpDocument document);
+enum class Page { made, leftOut };
+
+/// Loads, shows with values unless the page is left out, saves. None when all of it goes well.
+std::optional<Failure> rehearse(HelpDocument document, Page page = Page::made);
 
 /// Shows each node on its own and adds a finding for every one that fails, except `known`.
 void findFailingNodes(HelpDocument& document, const NodeNumbers& known, FindingList& findings);

@@ -11,6 +11,7 @@
 #include "host/inOrder.h"
 #include "host/input.h"
 #include "host/jobs.h"
+#include "host/memory.h"
 #include "host/output.h"
 #include "host/progress.h"
 #include "host/rendering.h"
@@ -99,6 +100,7 @@ private:
 ExitCode renderMany(const CommandLine& line, const Streams& streams) {
     PageMaker maker(line, streams);
     maker.prepare();
+    keepFreedMemory();
     Progress progress(streams.err, streams.errIsTerminal);
     progress.phase("rendering the documents");
 

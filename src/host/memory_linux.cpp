@@ -1,0 +1,13 @@
+#include "host/memory.h"
+
+#include <malloc.h>
+
+namespace tavisk {
+
+void keepFreedMemory() {
+    // Larger blocks than this go back all the same: the library allows no more.
+    ::mallopt(M_MMAP_THRESHOLD, 32 << 20);
+    ::mallopt(M_TRIM_THRESHOLD, 256 << 20);
+}
+
+}  // namespace tavisk
