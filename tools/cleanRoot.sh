@@ -45,8 +45,15 @@ mkdir -p "$roots"
 begin=$SECONDS
 
 # Where the system's own packages come from.
-mirrors=$(apt-get indextargets --format '$(REPO_URI) $(SUITE)' 'Created-By: Packages' 'Origin: Debian' |
-    sed "s/ \(old\)*stable/ $suite/" | sort -u)
+find_mirrors() {
+    apt-get indextargets --format '$(REPO_URI) $(SUITE)' 'Created-By: Packages' 'Origin: Debian' |
+        sed "s/ \(old\)*stable/ $suite/" | sort -u
+}
+mirrors=$(find_mirrors)
+if [ -z "$mirrors" ]; then
+    apt-get -qq update
+    mirrors=$(find_mirrors)
+fi
 mirror=$(sed -n "s/ $suite\$//p" <<< "$mirrors" | head -1)
 
 in_root() {
@@ -75,7 +82,7 @@ make_bare() {
 }
 
 make_full() {
-    cp -a "$roots/bare" "$roots/full"
+    cp -a --reflink=auto "$roots/bare" "$roots/full"
     # shellcheck disable=SC2086
     in_root "$roots/full" apt-get -y --no-install-recommends install $tools
     in_root "$roots/full" apt-get clean

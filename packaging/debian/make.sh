@@ -15,6 +15,6 @@ export SOURCE_DATE_EPOCH
 }
 rm -rf "$build/packages/_CPack_Packages"
 # They are not meant for Debian's own archive.
-lintian --allow-root --suppress-tags initial-upload-closes-no-bugs --fail-on error \
+lintian --allow-root --suppress-tags initial-upload-closes-no-bugs --fail-on error,warning \
     --tag-display-limit 0 "$build"/packages/*.deb
 ls -s --block-size=1K --format=single-column "$build"/packages/*.deb
