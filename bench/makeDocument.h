@@ -21,6 +21,8 @@ inline constexpr DocumentPlan planS{1'000, 20, 5, 10'000, 1};
 inline constexpr DocumentPlan planM{10'000, 200, 50, 10'000, 1};
 inline constexpr DocumentPlan planL{30'000, 2'000, 500, 10'000, 1};
 inline constexpr DocumentPlan planLP{30'000, 2'000, 500, 200'000, 1};
+/// About 1 MB; documents of different seeds differ.
+constexpr DocumentPlan planMegabyte(std::uint64_t seed) { return {1'850, 40, 8, 10'000, seed}; }
 /// The help nodes of L with the catalogue and pictures of S.
 inline constexpr DocumentPlan planFew{30'000, 20, 5, 10'000, 1};
 

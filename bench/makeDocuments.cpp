@@ -22,6 +22,19 @@ constexpr std::array<Named, 6> documents = {{
     {"many.xml", tavisk::bench::planL},
 }};
 
+constexpr std::uint64_t manyDocuments = 1'000;
+
+/// Its size, or 0 after a message.
+std::size_t write(const std::filesystem::path& path, const tavisk::bench::DocumentPlan& plan) {
+    const std::string xml = tavisk::bench::makeDocument(plan);
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(xml.data(), static_cast<std::streamsize>(xml.size()));
+    out.close();
+    if (out) return xml.size();
+    std::cerr << "makeDocuments: cannot write " << path.string() << '\n';
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -31,18 +44,19 @@ int main(int argc, char** argv) {
     }
     const std::filesystem::path folder = argv[1];
     std::error_code failure;
-    std::filesystem::create_directories(folder, failure);
+    std::filesystem::create_directories(folder / "many", failure);
     for (const Named& document : documents) {
-        const std::string xml = tavisk::bench::makeDocument(document.plan);
-        std::ofstream out(folder / document.file, std::ios::binary | std::ios::trunc);
-        out.write(xml.data(), static_cast<std::streamsize>(xml.size()));
-        out.close();
-        if (!out) {
-            std::cerr << "makeDocuments: cannot write " << (folder / document.file).string()
-                      << '\n';
-            return 1;
-        }
-        std::cout << document.file << ' ' << xml.size() << " bytes\n";
+        const std::size_t size = write(folder / document.file, document.plan);
+        if (size == 0) return 1;
+        std::cout << document.file << ' ' << size << " bytes\n";
     }
+    std::size_t all = 0;
+    for (std::uint64_t number = 1; number <= manyDocuments; ++number) {
+        const std::size_t size = write(folder / "many" / (std::to_string(number) + ".xml"),
+                                       tavisk::bench::planMegabyte(number));
+        if (size == 0) return 1;
+        all += size;
+    }
+    std::cout << "many/ " << all << " bytes\n";
     return 0;
 }

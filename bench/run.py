@@ -20,6 +20,8 @@ import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 DOCUMENTS = ("S", "M", "L", "LP", "few", "many")
+MANY = 1000  # documents of 1 MB
+CHECK_RUNS = 5  # each takes many seconds
 
 
 class Run:
@@ -63,7 +65,7 @@ class Bench:
 
     def make_documents(self):
         maker = self.build / "makeDocuments"
-        wanted = [self.documents / f"{name}.xml" for name in DOCUMENTS]
+        wanted = [self.documents / f"{name}.xml" for name in DOCUMENTS] + self.many()
         age = maker.stat().st_mtime
         if not all(path.exists() and path.stat().st_mtime >= age for path in wanted):
             subprocess.run([maker, self.documents], check=True, stdout=subprocess.DEVNULL)
@@ -88,14 +90,25 @@ class Bench:
         command = [str(self.build / "tavisk"), "save", self.file(name), "-o", "/dev/null"]
         return Run(command, self.log)
 
+    def many(self):
+        return [self.documents / "many" / f"{number}.xml" for number in range(1, MANY + 1)]
+
+    def check_many(self):
+        """Both on all documents in one process and one thread."""
+        files = [str(path) for path in self.many()]
+        check = [str(self.build / "tavisk"), "check", "--jobs", "1"] + files
+        return self.pairs(lambda: Run(check, self.log),
+                          lambda: Run(["xmllint", "--noout"] + files, self.log),
+                          min(self.runs, CHECK_RUNS))
+
     def against_xmllint(self, run, names):
         return {name: self.pairs(lambda: run(name), lambda: self.xmllint(name)) for name in names}
 
-    def pairs(self, ours, other):
+    def pairs(self, ours, other, runs=None):
         """Runs of both in turn, after a warm-up of each; who goes first alternates."""
         ours(), other()
         result = []
-        for turn in range(self.runs):
+        for turn in range(runs or self.runs):
             if turn % 2 == 0:
                 first = ours()
                 result.append((first, other()))
@@ -175,7 +188,7 @@ def spread(pairs, what="wall"):
     return f" ({low:.2f} to {high:.2f})"
 
 
-def goal_rows(render, save, scaling, micro, windows):
+def goal_rows(render, save, check, scaling, micro, windows):
     rows = []
     for name in ("M", "L"):
         rows.append(ratio_row(f"`tavisk render --evaluate`, whole process, {name}, to xmllint",
@@ -184,6 +197,8 @@ def goal_rows(render, save, scaling, micro, windows):
     for name in ("M", "L"):
         rows.append(ratio_row(f"`tavisk save`, whole process, {name}, to xmllint",
                               save[name].ratio(), 0.8, 0.5, spread(save[name])))
+    rows.append(ratio_row(f"`tavisk check --jobs 1`, {MANY:,} documents of 1 MB, processor time, to "
+                          "xmllint", check.ratio("cpu"), 1.0, None, spread(check, "cpu")))
     for name in ("M", "L"):
         rows.append(ratio_row(f"peak memory of render on {name}, to xmllint's",
                               render[name].ratio("memory"), 1.8, None,
@@ -324,7 +339,7 @@ def circumstances(bench, load, date):
             f"pages {place} ({bench.file_system}); other load at the start: {load:.1f} processes.\n")
 
 
-def report(bench, load, date, render, save, scaling, on_disk, micro, windows):
+def report(bench, load, date, render, save, check, scaling, on_disk, micro, windows):
     parts = ["# Performance\n",
              "This file is generated; `make bench` measures again and rewrites it.\n",
              circumstances(bench, load, date),
@@ -334,9 +349,12 @@ def report(bench, load, date, render, save, scaling, on_disk, micro, windows):
              "xmllint does is `xmllint --huge --noout FILE`.\n",
              "Documents: S 1,000 nodes, 20 formulas, 5 pictures of 10 kB; M 10,000, 200, 50; L "
              "30,000, 2,000, 500; LP is L with pictures of 200 kB. Answers have 200 to 600 "
-             "characters with about two formula tokens each, and a picture in every tenth.\n",
+             "characters with about two formula tokens each, and a picture in every tenth. `check` reads "
+             f"{MANY:,} documents of 1 MB, each with 1,850 nodes of its own, and is compared with one "
+             f"xmllint over the same files, without `--huge`; {CHECK_RUNS} pairs.\n",
              "## Goals\n",
-             table(("what", "goal", "measured", ""), goal_rows(render, save, scaling, micro, windows)),
+             table(("what", "goal", "measured", ""),
+                   goal_rows(render, save, check, scaling, micro, windows)),
              "## Whole processes\n"]
     rows = []
     for name, pairs in render.items():
@@ -345,6 +363,7 @@ def report(bench, load, date, render, save, scaling, on_disk, micro, windows):
         rows += process_rows("L", on_disk, "render to the build folder")
     for name, pairs in save.items():
         rows += process_rows(name, pairs, "save")
+    rows += process_rows(f"{MANY:,} of 1 MB", check, "check")
     rows += process_rows("many, few", scaling, "render, 2,000 and 500", "render, 20 and 5")
     parts += ["Medians; the ratios are those of the pairs. Pages go to memory where possible: how "
               "long a disk's file system takes for 500 new pictures depends on what was deleted in the "
@@ -387,6 +406,7 @@ def main():
     scaling = bench.pairs(lambda: bench.render("many"), lambda: bench.render("few"))
     render = bench.against_xmllint(bench.render, ("S", "M", "L", "LP"))
     save = bench.against_xmllint(bench.save, ("S", "M", "L", "LP"))
+    check = bench.check_many()
     bench.clear()
     on_disk = None
     if bench.in_memory:
@@ -396,11 +416,11 @@ def main():
     micro = microbenchmarks(build)
     windows = window_benchmarks(build)
 
-    rows = goal_rows(render, save, scaling, micro, windows)
+    rows = goal_rows(render, save, check, scaling, micro, windows)
     widths = [max(len(row[column]) for row in rows) for column in range(4)]
     for row in rows:
         print("  ".join(cell.ljust(width) for cell, width in zip(row, widths)).rstrip())
-    text = report(bench, load, options.date, render, save, scaling, on_disk, micro, windows)
+    text = report(bench, load, options.date, render, save, check, scaling, on_disk, micro, windows)
     options.out.parent.mkdir(parents=True, exist_ok=True)
     options.out.write_text(text, encoding="utf-8")
     return 0
