@@ -15,7 +15,7 @@ wxChoice* newList(wxWindow* parent, const wxString& name) {
                                     0, wxDefaultValidator, name);
     // Names may be of any length; the list shows what it has room for.
     constexpr int width = 100;
-    list->SetMinSize(wxSize(width, -1));
+    list->SetMinSize(list->FromDIP(wxSize(width, -1)));
     expectManyNames(*list);
     return list;
 }
@@ -23,14 +23,15 @@ wxChoice* newList(wxWindow* parent, const wxString& name) {
 wxSizer* captioned(wxStaticText* label, wxWindow* control) {
     auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
     sizer->Add(label, wxSizerFlags().CentreVertical());
-    sizer->AddSpacer(spacing);
+    sizer->AddSpacer(spacing(label));
     sizer->Add(control, wxSizerFlags(1).CentreVertical());
     return sizer;
 }
 
 /// Two buttons in a row, all of one width.
 wxSizer* buttonGrid(std::initializer_list<wxButton*> buttons) {
-    auto* const grid = new wxGridSizer(2, spacing, spacing);
+    const int distance = spacing(*buttons.begin());
+    auto* const grid = new wxGridSizer(2, distance, distance);
     for (wxButton* button : buttons)
         grid->Add(button, wxSizerFlags().Expand());
     return grid;
@@ -55,10 +56,10 @@ wxSizer* buildFormulas(wxStaticBox* frame, EditorControls& controls) {
 
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(captioned(controls.Label4, controls.lstFormulas), wxSizerFlags().Expand());
-    sizer->AddSpacer(spacing);
+    sizer->AddSpacer(spacing(frame));
     sizer->Add(buttonGrid({controls.cmdInsertFormulaAtCursor, controls.cmdInsertFormulaAtEnd,
                            controls.cmdFormulaAdd, controls.cmdFormulaDel}));
-    sizer->AddSpacer(spacing);
+    sizer->AddSpacer(spacing(frame));
     sizer->Add(controls.lblFormulaHelp, wxSizerFlags(1).Expand());
     return sizer;
 }
@@ -75,7 +76,7 @@ wxSizer* buildImages(wxStaticBox* frame, EditorControls& controls) {
 
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(captioned(controls.Label6, controls.lstImages), wxSizerFlags().Expand());
-    sizer->AddSpacer(spacing);
+    sizer->AddSpacer(spacing(frame));
     sizer->Add(
         buttonGrid({controls.cmdInsertImage, controls.cmdAppendImage, controls.cmdImageOverlay,
                     controls.cmdExternImage, controls.cmdImageAdd, controls.cmdImageDel}));
@@ -108,21 +109,21 @@ wxSizer* buildEditing(wxWindow* parent, EditorControls& controls) {
 
     auto* const text = new wxBoxSizer(wxHORIZONTAL);
     text->Add(controls.txtValue, wxSizerFlags(4).Expand());
-    text->AddSpacer(groupSpacing);
+    text->AddSpacer(groupSpacing(frame));
     text->Add(controls.Picture1, wxSizerFlags(1).Expand());
 
     auto* const insertion = new wxBoxSizer(wxHORIZONTAL);
     insertion->Add(formulas, wxSizerFlags(1).Expand());
-    insertion->AddSpacer(groupSpacing);
+    insertion->AddSpacer(groupSpacing(frame));
     insertion->Add(images, wxSizerFlags(1).Expand());
 
     auto* const content = new wxBoxSizer(wxVERTICAL);
     content->Add(captioned(controls.Label1, controls.lblCurrentField), wxSizerFlags().Expand());
-    content->AddSpacer(spacing);
+    content->AddSpacer(spacing(frame));
     content->Add(controls.Label2);
-    content->AddSpacer(spacing);
+    content->AddSpacer(spacing(frame));
     content->Add(text, wxSizerFlags(1).Expand());
-    content->AddSpacer(groupSpacing);
+    content->AddSpacer(groupSpacing(frame));
     content->Add(insertion, wxSizerFlags().Expand());
     return framed(frame, content);
 }

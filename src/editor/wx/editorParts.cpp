@@ -38,6 +38,10 @@ protected:
 
 }  // namespace
 
+int spacing(const wxWindow* window) { return window->FromDIP(6); }
+
+int groupSpacing(const wxWindow* window) { return window->FromDIP(12); }
+
 wxString indexed(const char* name, int index) { return wxString::Format("%s(%d)", name, index); }
 
 wxButton* newButton(wxWindow* parent, const wxString& name, const wxString& caption, long style) {
@@ -79,14 +83,14 @@ wxStaticBox* newFrame(wxWindow* parent, const wxString& name, const wxString& ca
 
 wxSizer* framed(wxStaticBox* frame, wxSizer* content) {
     auto* const sizer = new wxStaticBoxSizer(frame, wxVERTICAL);
-    sizer->Add(content, wxSizerFlags(1).Expand().Border(wxALL, spacing));
+    sizer->Add(content, wxSizerFlags(1).Expand().Border(wxALL, spacing(frame)));
     return sizer;
 }
 
 wxSizer* row(std::initializer_list<wxWindow*> controls) {
     auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
     for (wxWindow* control : controls) {
-        if (!sizer->IsEmpty()) sizer->AddSpacer(spacing);
+        if (!sizer->IsEmpty()) sizer->AddSpacer(spacing(control));
         sizer->Add(control, wxSizerFlags().CentreVertical());
     }
     return sizer;

@@ -11,9 +11,10 @@
 
 namespace tavisk {
 
-/// Distances as on the desktop: within a group, and between groups and around the window.
-inline constexpr int spacing = 6;
-inline constexpr int groupSpacing = 12;
+/// Distances as on the desktop, in pixels of the window's screen: within a group, and between groups
+/// and around the window.
+int spacing(const wxWindow* window);
+int groupSpacing(const wxWindow* window);
 
 /// "name(index)"
 wxString indexed(const char* name, int index);

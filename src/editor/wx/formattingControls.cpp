@@ -12,14 +12,14 @@ namespace {
 wxSizer* setting(wxStaticText* label, std::initializer_list<wxWindow*> buttons) {
     auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
     sizer->Add(label, wxSizerFlags(1).CentreVertical());
-    sizer->AddSpacer(spacing);
+    sizer->AddSpacer(spacing(label));
     sizer->Add(row(buttons), wxSizerFlags().CentreVertical());
     return sizer;
 }
 
 /// Rows of one height, so that those of neighbouring frames are on one line.
-wxSizer* rows(std::initializer_list<wxSizer*> sizers) {
-    auto* const grid = new wxGridSizer(1, spacing, 0);
+wxSizer* rows(const wxWindow* frame, std::initializer_list<wxSizer*> sizers) {
+    auto* const grid = new wxGridSizer(1, spacing(frame), 0);
     for (wxSizer* sizer : sizers)
         grid->Add(sizer, wxSizerFlags().Expand());
     return grid;
@@ -75,7 +75,7 @@ wxSizer* buildSide(wxStaticBox* frame, const SideFrame& part, EditorControls& co
 
     // Not as wide as a button that closes a window.
     constexpr int padding = 17;
-    const int width = colour->GetTextExtent(part.edit).x + 2 * padding;
+    const int width = colour->GetTextExtent(part.edit).x + colour->FromDIP(2 * padding);
     controls.ChangeColor[side]->SetMinSize(wxSize(width, -1));
 
     controls.lblFontSize[side] = newFieldLabel(frame, indexed("lblFontSize", side), "Font Size: +0",
@@ -85,13 +85,13 @@ wxSizer* buildSide(wxStaticBox* frame, const SideFrame& part, EditorControls& co
 
     auto* const look = new wxBoxSizer(wxHORIZONTAL);
     look->Add(newStyleBoxes(frame, part.bold, controls.chkStyle), wxSizerFlags().CentreVertical());
-    look->AddSpacer(groupSpacing);
+    look->AddSpacer(groupSpacing(frame));
     look->AddStretchSpacer();
     controls.chkHidden[side] = newCheckBox(frame, indexed("chkHidden", side), part.hide);
     look->Add(controls.chkHidden[side], wxSizerFlags().CentreVertical());
 
-    return rows({setting(colour, {controls.ChangeColor[side]}),
-                 setting(controls.lblFontSize[side], {smaller, larger}), look});
+    return rows(frame, {setting(colour, {controls.ChangeColor[side]}),
+                        setting(controls.lblFontSize[side], {smaller, larger}), look});
 }
 
 wxSizer* buildGaps(wxStaticBox* frame, EditorControls& controls) {
@@ -109,10 +109,10 @@ wxSizer* buildGaps(wxStaticBox* frame, EditorControls& controls) {
     controls.chkColumnBreak = newCheckBox(frame, "chkColumnBreak", "Column Brea&k");
     auto* const breaks = new wxBoxSizer(wxHORIZONTAL);
     breaks->Add(controls.chkPageBreak, wxSizerFlags().CentreVertical());
-    breaks->AddSpacer(spacing);
+    breaks->AddSpacer(spacing(frame));
     breaks->AddStretchSpacer();
     breaks->Add(controls.chkColumnBreak, wxSizerFlags().CentreVertical());
-    return rows({above, below, breaks});
+    return rows(frame, {above, below, breaks});
 }
 
 }  // namespace
@@ -129,10 +129,10 @@ wxSizer* buildFormatting(wxWindow* parent, EditorControls& controls) {
     auto* const frames = new wxBoxSizer(wxHORIZONTAL);
     frames->Add(framed(controls.fraTitle, buildSide(controls.fraTitle, title, controls)),
                 wxSizerFlags(1).Expand());
-    frames->AddSpacer(spacing);
+    frames->AddSpacer(spacing(outer));
     frames->Add(framed(controls.fraValue, buildSide(controls.fraValue, answer, controls)),
                 wxSizerFlags(1).Expand());
-    frames->AddSpacer(spacing);
+    frames->AddSpacer(spacing(outer));
     frames->Add(framed(controls.fraGaps, buildGaps(controls.fraGaps, controls)),
                 wxSizerFlags().Expand());
 
@@ -140,7 +140,7 @@ wxSizer* buildFormatting(wxWindow* parent, EditorControls& controls) {
         newLabel(outer, "Label3", "Note:  For advanced appearance formatting, HTML can be used.");
     auto* const content = new wxBoxSizer(wxVERTICAL);
     content->Add(frames, wxSizerFlags(1).Expand());
-    content->AddSpacer(spacing);
+    content->AddSpacer(spacing(outer));
     content->Add(controls.Label3);
     return framed(outer, content);
 }
