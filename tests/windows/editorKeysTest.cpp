@@ -177,7 +177,7 @@ TEST_F(EditorKeysTest, EscapeClicksCancelFromEverywhere) {
 
 TEST_F(EditorKeysTest, EscapeClosesAnOpenListOnly) {
     focus(controls.lstFormulas);
-    press(WXK_SPACE);
+    press(WXK_DOWN, wxMOD_ALT);
     ASSERT_TRUE(test::pumpUntil([this] { return isOpen(controls.lstFormulas); }));
     press(WXK_ESCAPE);
     ASSERT_TRUE(test::pumpUntil([this] { return !isOpen(controls.lstFormulas); }));

@@ -57,16 +57,29 @@ protected:
 };
 
 /// Scrolls when large letters or a dragged splitter leave too little room.
+class Details final : public wxScrolledWindow {
+public:
+    using wxScrolledWindow::wxScrolledWindow;
+
+    /// A panel takes the focus itself where nothing on it can be used, as on a locked node.
+    bool AcceptsFocusFromKeyboard() const override {
+        const wxWindowList& children = GetChildren();
+        return std::any_of(children.begin(), children.end(), [](const wxWindow* child) {
+            return child->CanAcceptFocusFromKeyboard();
+        });
+    }
+};
+
 wxWindow* buildDetails(wxWindow* parent, EditorControls& controls) {
-    auto* const details = new wxScrolledWindow(parent);
+    auto* const details = new Details(parent);
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(buildEditing(details, controls), wxSizerFlags(1).Expand());
-    sizer->AddSpacer(groupSpacing);
+    sizer->AddSpacer(groupSpacing(parent));
     sizer->Add(buildFormatting(details, controls), wxSizerFlags().Expand());
     auto* const margin = new wxBoxSizer(wxVERTICAL);
-    margin->Add(sizer, wxSizerFlags(1).Expand().Border(wxLEFT, spacing));
+    margin->Add(sizer, wxSizerFlags(1).Expand().Border(wxLEFT, spacing(parent)));
     details->SetSizer(margin);
-    details->SetScrollRate(spacing, spacing);
+    details->SetScrollRate(spacing(parent), spacing(parent));
     return details;
 }
 
@@ -118,9 +131,9 @@ EditorControls buildEditor(wxFrame& frame) {
     wxWindow* const details = buildDetails(split, controls);
 
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(split, wxSizerFlags(1).Expand().Border(wxALL, groupSpacing));
+    sizer->Add(split, wxSizerFlags(1).Expand().Border(wxALL, groupSpacing(root)));
     sizer->Add(buildButtons(root, controls),
-               wxSizerFlags().Expand().Border(wxALL & ~wxTOP, groupSpacing));
+               wxSizerFlags().Expand().Border(wxALL & ~wxTOP, groupSpacing(root)));
     root->SetSizer(sizer);
 
     frame.Layout();
@@ -130,6 +143,7 @@ EditorControls buildEditor(wxFrame& frame) {
     describeControls(frame);
     controls.cmdOK->SetDefault();
     setCancelButton(frame, *controls.cmdCancel);
+    letMnemonicsReach(frame);
     return controls;
 }
 

@@ -70,6 +70,9 @@ wxSize padText(wxStaticText& label) {
     return {};
 }
 
+// They reach the whole window anyway.
+void letMnemonicsReach(wxTopLevelWindow&) {}
+
 // Controls are drawn on the same surface, which has its background already.
 void paintGap(wxDC&, const wxWindow&, const wxRect&) {}
 

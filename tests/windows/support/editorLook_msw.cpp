@@ -60,7 +60,11 @@ Wrapped wrapped(const wxStaticText& label) {
 
 bool elidesLongNames(const wxChoice& list) {
     // Here they are seen whole in the open list.
-    return SendMessageW(handleOf(list), CB_GETDROPPEDWIDTH, 0, 0) > list.GetSize().x;
+    const HWND window = handleOf(list);
+    SendMessageW(window, CB_SHOWDROPDOWN, TRUE, 0);
+    const LRESULT width = SendMessageW(window, CB_GETDROPPEDWIDTH, 0, 0);
+    SendMessageW(window, CB_SHOWDROPDOWN, FALSE, 0);
+    return width > list.GetSize().x;
 }
 
 bool isDrawnUnderlined(const wxCheckBox& box) {
