@@ -59,7 +59,7 @@ TEST_F(AnswerBoxCharactersTest, BlanksAndBreaksAtTheEndsComeBack) {
 
 TEST_F(AnswerBoxCharactersTest, SelectionCountsCodeUnits) {
     window.showNode(u"\U0001F600a\U0001F600b");
-    box.SetSelection(1, 3);
+    test::selectCharacters(box, 1, 3);
     EXPECT_EQ(box.selection().start, 2u);
     EXPECT_EQ(box.selection().length, 3u);
     box.SetInsertionPointEnd();
@@ -74,7 +74,7 @@ TEST_F(AnswerBoxCharactersTest, MarkersBehindEmojiAreColoured) {
 
 TEST_F(AnswerBoxCharactersTest, ChangesBehindEmojiAreColoured) {
     window.showNode(u"\U0001F600 `x` \U0001F600 `y`");
-    box.SetInsertionPoint(9);
+    box.SetInsertionPoint(test::placeBehind(box, 9));
     box.WriteText("!");
     EXPECT_EQ(box.text(), u"\U0001F600 `x` \U0001F600 `!y`");
     EXPECT_EQ(shownColours(box), "..ooo...gggg");
@@ -85,7 +85,7 @@ TEST_F(AnswerBoxCharactersTest, ChangesBehindEmojiAreColoured) {
 
 TEST_F(AnswerBoxCharactersTest, InsertionBehindAnEmojiReplacesTheSelection) {
     window.showNode(u"\U0001F600a\U0001F600b");
-    box.SetSelection(1, 3);
+    test::selectCharacters(box, 1, 3);
     insertImageAtCursor(window.editor.session, "~\u00E9", box.selection());
     window.showCommand();
     EXPECT_EQ(box.text(), u"\U0001F600`~\u00E9`b");

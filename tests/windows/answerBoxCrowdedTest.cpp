@@ -25,7 +25,7 @@ struct AnswerBoxCrowdedTest : testing::Test {
     /// Whether what is seen has the colours that everything ought to have.
     bool isRightInView() {
         const auto [from, to] = test::seenCharacters(box);
-        const std::string ruled = ruledColours(box.GetValue());
+        const std::string ruled = ruledColours(box.text());
         return to > from &&
                shownColours(box).substr(from, to - from) == ruled.substr(from, to - from);
     }
@@ -88,7 +88,7 @@ TEST_F(AnswerBoxCrowdedTest, ALineThatIsBrokenUpIsColouredWhole) {
     ASSERT_TRUE(becomesRightInView());
     box.SetInsertionPoint(static_cast<long>(toWx(crowded(20)).length()));
     box.WriteText("\n");
-    EXPECT_EQ(shownColours(box), ruledColours(box.GetValue()));
+    EXPECT_EQ(shownColours(box), ruledColours(box.text()));
 }
 
 TEST_F(AnswerBoxCrowdedTest, OrdinaryLinesAreColouredOutOfViewToo) {
@@ -96,7 +96,7 @@ TEST_F(AnswerBoxCrowdedTest, OrdinaryLinesAreColouredOutOfViewToo) {
     for (int i = 0; i < 100; ++i)
         text += crowded(10) + u"\n";
     window.showNode(text);
-    EXPECT_EQ(shownColours(box), ruledColours(box.GetValue()));
+    EXPECT_EQ(shownColours(box), ruledColours(box.text()));
 }
 
 TEST_F(AnswerBoxCrowdedTest, AFailedChangeIsNotColouredByScrolling) {

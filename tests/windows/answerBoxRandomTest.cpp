@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "editor/wx/boxText.h"
+#include "platform/text.h"
 #include "reference/random.h"
 #include "windows/support/answerWindow.h"
 
@@ -30,49 +32,55 @@ public:
             select();
             edit(action);
         }
-        ASSERT_EQ(box_.GetValue(), model_);
-        ASSERT_EQ(box_.text(), utf16Of(model_));
+        ASSERT_EQ(box_.text(), model_);
         if (!colouredLast_) return;
-        ASSERT_EQ(shownColours(box_), ruledColours(model_)) << utf8Of(model_);
+        ASSERT_EQ(shownColours(box_), ruledColours(model_)) << toUtf8(model_);
     }
 
 private:
     static constexpr std::size_t most = 120;
 
-    wxString piece() {
+    std::u16string piece() {
         static const std::vector<std::u16string> pieces = {
             u"`",       u"`",          u"`",     u"`",  u"~",    u"!",
             u"@",       u"a",          u"b ",    u"\n", u"\r\n", u"\r",
             u"\t",      u"\U0001F600", u"`~p`",  u"`x", u"``",   u"`!\U0001F600`",
             u"e\u0301", u"\uFFFC",     u"\u2029"};
-        return toWx(std::u16string_view(random_.pick(pieces)));
+        return random_.pick(pieces);
     }
-    wxString pieces() {
-        wxString text;
+    std::u16string pieces() {
+        std::u16string text;
         for (std::size_t count = random_.below(4); count > 0; --count)
             text += piece();
         return text;
     }
 
     void select() {
-        from_ = random_.below(model_.length() + 1);
-        to_ = random_.chance(60) ? from_ : from_ + random_.below(model_.length() - from_ + 1);
-        box_.SetSelection(static_cast<long>(from_), static_cast<long>(to_));
+        const std::size_t count = test::characterCount(model_);
+        const std::size_t first = random_.below(count + 1);
+        const std::size_t last =
+            random_.chance(60) ? first : first + random_.below(count - first + 1);
+        test::selectCharacters(box_, first, last);
+        from_ = test::unitBehind(model_, first);
+        to_ = test::unitBehind(model_, last);
     }
-    void expect(const wxString& inserted) {
+    void expect(const std::u16string& inserted) {
         model_ = model_.substr(0, from_) + inserted + model_.substr(to_);
     }
     void edit(std::size_t action) {
-        const wxString text = action < 12 ? piece() : pieces();
+        const std::u16string text = action < 12 ? piece() : pieces();
         if (action < 16 && !text.empty()) {
             expect(text);
-            box_.WriteText(text);
+            box_.WriteText(textForBox(text));
         } else if (action < 17) {
-            expect("");
-            box_.Remove(static_cast<long>(from_), static_cast<long>(to_));
+            expect(u"");
+            long from = 0;
+            long to = 0;
+            box_.GetSelection(&from, &to);
+            box_.Remove(from, to);
         } else if (action < 18 && to_ > from_) {
             copied_ = model_.substr(from_, to_ - from_);
-            expect("");
+            expect(u"");
             box_.Cut();
         } else if (to_ > from_) {
             copied_ = model_.substr(from_, to_ - from_);
@@ -95,11 +103,11 @@ private:
         window_.showCommand();
         colouredLast_ = true;
         EXPECT_EQ(window_.changes, before);
-        model_ = toWx(std::u16string_view(session.panel.text));
+        model_ = session.panel.text;
     }
     void other() {
         model_ = pieces() + pieces();
-        window_.showNode(utf16Of(model_));
+        window_.showNode(model_);
         colouredLast_ = true;
     }
 
@@ -117,8 +125,8 @@ private:
     reference::Random random_;
     test::AnswerWindow window_;
     AnswerBox& box_ = *window_.box;
-    wxString model_;
-    wxString copied_;
+    std::u16string model_;
+    std::u16string copied_;
     std::size_t from_ = 0;
     std::size_t to_ = 0;
     bool fails_ = false;        ///< the next change is not coloured

@@ -264,7 +264,7 @@ TEST_F(AnswerBoxTest, OtherNodesTextBeginsAtItsStart) {
     EXPECT_EQ(caret(), 0);
     test::pumpPending();
     EXPECT_EQ(scrolledBy(box), 0);
-    EXPECT_EQ(shownColours(box), ruledColours(box.GetValue()));
+    EXPECT_EQ(shownColours(box), ruledColours(box.text()));
 }
 
 TEST_F(AnswerBoxTest, OtherNodesTextBeginsAtItsStartThoughItIsTheSame) {
@@ -305,7 +305,7 @@ TEST_F(AnswerBoxTest, ATextOverTheLimitStaysInTheBoxAndIsColouredAgainBelowIt) {
     box.SetSelection(5, 10);
     put(u"`");
     EXPECT_EQ(window.value().substr(0, 8), "``x`y`yy");
-    EXPECT_EQ(shownColours(box), ruledColours(box.GetValue()));
+    EXPECT_EQ(shownColours(box), ruledColours(box.text()));
 }
 
 TEST_F(AnswerBoxTest, WhatXmlForbidsStaysInTheBoxAndIsColouredAgainWithoutIt) {

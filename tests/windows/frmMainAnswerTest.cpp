@@ -119,11 +119,12 @@ TEST_F(FrmMainAnswer, ImageAtTheCursorReplacesTheSelection) {
 TEST_F(FrmMainAnswer, ImageAtTheCursorBetweenCharactersThatTakeTwoUnits) {
     EditorWindow editor("<a value=\"\U0001F600\U0001F600\"/>", lists);
     editor.choose(editor.controls().lstImages, 0);
-    box(editor).SetInsertionPoint(1);
+    test::selectCharacters(box(editor), 1, 1);
     editor.click(editor.controls().cmdInsertImage);
     EXPECT_EQ(text(editor), "\U0001F600`~pic`\U0001F600");
     EXPECT_EQ(shownColours(box(editor)), ".bbbbbb.");
-    EXPECT_EQ(box(editor).GetInsertionPoint(), 7);
+    EXPECT_EQ(box(editor).selection().start, 8u);
+    EXPECT_EQ(box(editor).selection().length, 0u);
 }
 
 TEST_F(FrmMainAnswer, ImageAtTheEndLeavesTheSelectedTextWhereItIs) {

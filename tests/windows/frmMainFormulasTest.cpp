@@ -1,6 +1,7 @@
 // The formula list, its description, Add formula and the insertions.
 #include <gtest/gtest.h>
 
+#include "windows/support/answerWindow.h"
 #include "windows/support/editorStep.h"
 
 namespace tavisk {
@@ -198,7 +199,7 @@ TEST(FrmMainFormulas, InsertAtCursorReplacesTheSelection) {
 
 TEST(FrmMainFormulas, InsertAtCursorCountsCharactersOfAnyWidth) {
     EditorWindow editor("<a value='\xF0\x9F\x98\x80-\xC3\xA4'/>", twoFormulas);
-    editor.controls().txtValue->SetSelection(1, 2);
+    test::selectCharacters(*editor.controls().txtValue, 1, 2);
     editor.click(editor.controls().cmdInsertFormulaAtCursor);
     EXPECT_EQ(editor.controls().txtValue->text(), u"\U0001F600`Rate`\u00E4");
     expectInStep(editor);

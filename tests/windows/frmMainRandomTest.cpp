@@ -11,6 +11,7 @@
 #include "document/nodeKeys.h"
 #include "reference/differential.h"
 #include "reference/random.h"
+#include "windows/support/answerWindow.h"
 #include "windows/support/editorStep.h"
 #include "windows/support/treeWindow.h"
 
@@ -319,13 +320,14 @@ std::u16string RandomSession::anyText() {
 void RandomSession::typeSomewhere() {
     AnswerBox& box = *controls().txtValue;
     if (!box.IsEnabled()) return;
-    const auto length = static_cast<std::size_t>(box.GetLastPosition());
-    const auto from = static_cast<long>(random_.below(length + 1));
-    const auto to = static_cast<long>(random_.below(length + 1));
+    const auto length = test::characterCount(box.text());
+    const std::size_t from = random_.below(length + 1);
+    const std::size_t to = random_.below(length + 1);
     if (random_.chance(30)) {
-        box.Remove(std::min(from, to), std::max(from, to));
+        box.Remove(test::placeBehind(box, std::min(from, to)),
+                   test::placeBehind(box, std::max(from, to)));
     } else {
-        box.SetInsertionPoint(from);
+        box.SetInsertionPoint(test::placeBehind(box, from));
         box.WriteText(toWx(std::u16string_view(anyText())));
     }
 }
@@ -333,10 +335,10 @@ void RandomSession::typeSomewhere() {
 void RandomSession::button(wxButton* EditorControls::*which, const char* name, std::size_t weight) {
     commands_.push_back({name, weight, [this, which] {
                              AnswerBox& box = *controls().txtValue;
-                             const auto length = static_cast<std::size_t>(box.GetLastPosition());
-                             const auto from = static_cast<long>(random_.below(length + 1));
-                             const auto to = static_cast<long>(random_.below(length + 1));
-                             box.SetSelection(std::min(from, to), std::max(from, to));
+                             const auto length = test::characterCount(box.text());
+                             const std::size_t from = random_.below(length + 1);
+                             const std::size_t to = random_.below(length + 1);
+                             test::selectCharacters(box, std::min(from, to), std::max(from, to));
                              wxButton* const chosen = controls().*which;
                              if (chosen->IsEnabled()) editor().click(chosen);
                          }});

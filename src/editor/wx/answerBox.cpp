@@ -41,7 +41,8 @@ void AnswerBox::show(const std::u16string& text, const std::vector<Token>& token
 
 void AnswerBox::replace(const std::u16string& before, const std::u16string& after,
                         const TextDifference& difference) {
-    const EventsSuppressor quiet(this);
+    // Suppressing them does not stop the events of changes that the control tells of itself.
+    const wxEventBlocker quiet(this, wxEVT_TEXT);
     CharacterPositions positions(before, buffer_.length());
     const std::size_t from = positions.characterOf(difference.start);
     const std::size_t to = positions.characterOf(difference.start + difference.removed);

@@ -68,6 +68,8 @@ struct AnswerBuffer::Native {
         // What is pasted would bring its look along, and what is dropped also pictures and files.
         box.Bind(wxEVT_TEXT_PASTE, &Native::onPaste, this);
         RevokeDragDrop(window);
+        // How long a text may be is not for the control to say.
+        send(EM_EXLIMITTEXT, 0, std::numeric_limits<int>::max());
         dress();
         SetWindowSubclass(window, onMessage, 0, reinterpret_cast<DWORD_PTR>(this));
     }

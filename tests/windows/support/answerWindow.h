@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <wx/button.h>
 #include <wx/clipbrd.h>
@@ -28,8 +29,18 @@ namespace tavisk::test {
 /// 'o' olive, '?' any other.
 std::string shownColours(const AnswerBox& box);
 
+// One of two code units is one character here, whatever the control counts.
+std::size_t characterCount(std::u16string_view text);
+std::size_t unitBehind(std::u16string_view text, std::size_t characters);
+
+/// The control's own position behind so many characters.
+long placeBehind(const AnswerBox& box, std::size_t characters);
+
+/// Selects whole characters, counted from 0.
+void selectCharacters(AnswerBox& box, std::size_t from, std::size_t to);
+
 /// What the rule asks for, character by character: black, then every pair of backquotes in turn.
-std::string ruledColours(const wxString& text);
+std::string ruledColours(std::u16string_view text);
 
 /// The first character that can be seen, and the one behind the last.
 std::pair<std::size_t, std::size_t> seenCharacters(const AnswerBox& box);

@@ -49,8 +49,10 @@ std::string shownColours(const AnswerBox& box) {
                         textDocument, reinterpret_cast<void**>(document.GetAddressOf()))))
         return "(no text)";
     std::string letters;
-    const auto length = static_cast<long>(box.text().size());
-    for (long at = 0; at < length; ++at) {
+    const std::u16string text = box.text();
+    for (long at = 0; at < static_cast<long>(text.size()); ++at) {
+        const char16_t unit = text[static_cast<std::size_t>(at)];
+        if (unit >= 0xDC00 && unit <= 0xDFFF) continue;
         ComPtr<ITextRange> range;
         ComPtr<ITextFont> font;
         long colour = -1;
@@ -66,7 +68,12 @@ std::string shownColours(const AnswerBox& box) {
 std::pair<std::size_t, std::size_t> seenCharacters(const AnswerBox& box) {
     RECT seen;
     GetClientRect(handleOf(box), &seen);
-    return {characterAt(box, 0, 0), characterAt(box, seen.right - 1, seen.bottom - 1)};
+    const std::u16string text = box.text();
+    const auto count = [&](std::size_t unit) {
+        return characterCount(std::u16string_view(text).substr(0, unit));
+    };
+    return {count(characterAt(box, 0, 0)),
+            count(characterAt(box, seen.right - 1, seen.bottom - 1))};
 }
 
 double scrolledBy(const AnswerBox& box) {

@@ -64,7 +64,7 @@ void expectPanel(EditorWindow& editor) {
 void expectText(EditorWindow& editor) {
     const AnswerBox& box = *editor.controls().txtValue;
     EXPECT_EQ(box.text(), editor.session().panel.text);
-    EXPECT_EQ(shownColours(box), ruledColours(toWx(box.text())));
+    EXPECT_EQ(shownColours(box), ruledColours(box.text()));
 }
 
 void expectList(const wxChoice& control, const DropDownList& list) {
