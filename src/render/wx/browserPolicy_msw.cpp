@@ -8,6 +8,7 @@
 // after windows.h
 #include <exdisp.h>
 #include <exdispid.h>
+#include <mshtml.h>
 
 #include "platform/wx/strings.h"
 #include "render/wx/browserSite_msw.h"
@@ -137,8 +138,29 @@ struct BrowserPolicy::Native {
                     cancel(argument(event, 1));
                 return;
             }
+            case DISPID_DOCUMENTCOMPLETE: readAsWritten(); return;
             default: return;
         }
+    }
+
+    /// A page does not name its code page, which the browser then takes to be this computer's.
+    void readAsWritten() {
+        using Microsoft::WRL::ComPtr;
+        ComPtr<IDispatch> document;
+        ComPtr<IHTMLDocument2> shown;
+        if (page.address().empty() || FAILED(browser()->get_Document(document.GetAddressOf())) ||
+            !document ||
+            FAILED(document->QueryInterface(IID_IHTMLDocument2,
+                                            reinterpret_cast<void**>(shown.GetAddressOf()))))
+            return;
+        const wxBasicString written("windows-1252");
+        BSTR taken = nullptr;
+        if (FAILED(shown->get_charset(&taken))) return;
+        const bool same = taken && _wcsicmp(taken, written) == 0;
+        SysFreeString(taken);
+        // Once only: a browser that insists shows the page nevertheless.
+        if (same || std::exchange(recoded, true)) return;
+        if (SUCCEEDED(shown->put_charset(written))) browser()->Refresh();
     }
 
     void onKey(wxKeyEvent& event) {
@@ -156,6 +178,7 @@ struct BrowserPolicy::Native {
     BrowserEvents events;
     HeldPage page;
     BrowserSite site;
+    bool recoded = false;
 };
 
 BrowserPolicy::BrowserPolicy(wxWebView& browser, BrowserEvents events)
@@ -165,6 +188,7 @@ BrowserPolicy::~BrowserPolicy() = default;
 
 void BrowserPolicy::load(const std::string& address) {
     native_->page.load(address);
+    native_->recoded = false;
     native_->view.LoadURL(toWx(address));
 }
 
