@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/fileAddress.h"
+#include "host/relativeAddress.h"
 #include "host/reportText.h"
 #include "host/rules.h"
 
@@ -28,7 +28,7 @@ void appendArtifact(std::string& json, const std::string& file) {
     if (file == "-") {
         appendMessage(json, "description", "standard input");
     } else {
-        appendMember(json, "uri", fileAddress(file));
+        appendMember(json, "uri", relativeAddress(file));
     }
     json += '}';
 }

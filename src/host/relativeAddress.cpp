@@ -1,4 +1,4 @@
-#include "host/fileAddress.h"
+#include "host/relativeAddress.h"
 
 #include <filesystem>
 #include <string_view>
@@ -42,7 +42,7 @@ fs::path shortened(const fs::path& path) {
 
 }  // namespace
 
-std::string fileAddress(const std::string& file) {
+std::string relativeAddress(const std::string& file) {
     fs::path path = pathOf(file).lexically_normal();
     if (path.is_absolute()) path = shortened(path);
     if (!path.is_absolute()) return encoded(textOf(path));

@@ -7,6 +7,6 @@ namespace tavisk {
 
 /// The address of a file for a reader in the current folder: relative where the file lies below it
 /// or was named relatively, else whole. Percent-encoded.
-std::string fileAddress(const std::string& file);
+std::string relativeAddress(const std::string& file);
 
 }  // namespace tavisk
