@@ -1,7 +1,7 @@
 #include "host/sourcePlaces.h"
 
 #include <algorithm>
-#include <string>
+#include <charconv>
 
 #include "platform/text.h"
 
@@ -111,8 +111,9 @@ std::size_t findAttribute(std::string_view xml, std::size_t start, std::string_v
 std::size_t unitsOfReference(std::string_view body) {
     if (!body.starts_with('#')) return 1;
     const bool hexadecimal = body.starts_with("#x");
-    const unsigned long code =
-        std::stoul(std::string(body.substr(hexadecimal ? 2 : 1)), nullptr, hexadecimal ? 16 : 10);
+    const std::string_view digits = body.substr(hexadecimal ? 2 : 1);
+    unsigned long code = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), code, hexadecimal ? 16 : 10);
     return code > 0xFFFF ? 2 : 1;
 }
 

@@ -116,5 +116,31 @@ TEST(SourcePlaces, PlacesMayBeAskedForInAnyOrder) {
     EXPECT_EQ(of("c"), (Place{3, 1}));
 }
 
+TEST(SourcePlaces, EveryElementIsFoundAmongEverythingElse) {
+    const std::string xml =
+        "\xEF\xBB\xBF<?xml version='1.0'?>\n<!-- <a> --><?p <a>?>\n"
+        "<!DOCTYPE a [<!-- ]> --><!ATTLIST b c CDATA \"]>\">]>\n"
+        "<!----><a x=\"'>\"><![CDATA[]]><b/>text<?q?>&lt;b><c\n d = '&#62;>'\n/><![CDATA[<b>]]]]>"
+        "<![CDATA[>]]><b>\xF0\x9F\x98\x80<d/></b>\r\n<e ></e ><f/></a><!-- <f/> --><?r?>\n";
+    const auto document = test::parsed(xml);
+    SourcePlaces places(*document, xml);
+    std::size_t count = 0;
+    const dom::Node& root = document->root();
+    for (const dom::Node* node = nextInDocument(root, root); node != nullptr;
+         node = nextInDocument(*node, root)) {
+        if (!node->isElement()) continue;
+        ++count;
+        const Place place = places.of(*node, "", std::nullopt);
+        std::string_view line = xml;
+        for (std::size_t i = 1; i < place.line; ++i)
+            line.remove_prefix(line.find('\n') + 1);
+        // The only character of two units, and of four bytes, stands before "d".
+        const std::size_t more = node->nodeName() == "d" ? 2 : 0;
+        const std::string tag = '<' + std::string(node->nodeName());
+        EXPECT_EQ(line.substr(*place.column - 1 + more, tag.size()), tag);
+    }
+    EXPECT_EQ(count, 7u);
+}
+
 }  // namespace
 }  // namespace tavisk
