@@ -59,7 +59,7 @@ mirror=$(sed -n "s/ $suite\$//p" <<< "$mirrors" | head -1)
 in_root() {
     local root=$1
     shift
-    unshare --mount --pid --fork --kill-child bash -c '
+    "$here/ownMounts.sh" bash -c '
         mount -t proc proc "$0/proc"
         exec chroot "$0" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 \
             DEBIAN_FRONTEND=noninteractive "$@"' "$root" "$@"

@@ -6,5 +6,5 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 made=$("$here/../../tools/cleanRoot.sh" "$2"/*.deb)
 echo "$made"
-exec unshare --mount --pid --fork --kill-child --mount-proc \
+exec "$here/../../tools/ownMounts.sh" \
     env PYTHONDONTWRITEBYTECODE=1 "$1" "$here/packagesTest.py" "$(tail -1 <<< "$made")" "$2"
