@@ -65,7 +65,7 @@ Finding rejection(const Message& message) {
     return {Severity::error, "not-well-formed", "", "", std::nullopt, std::move(text), place};
 }
 
-Findings checkDocument(dom::Source source, Places places) {
+Findings checkDocument(const dom::Source& source, Places places) {
     std::variant<HelpDocument, Message> opened = openHelpDocument(source);
     if (const Message* message = std::get_if<Message>(&opened)) return {rejection(*message)};
 

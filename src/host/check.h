@@ -12,7 +12,7 @@ enum class Places { left, wanted };
 /// In document order: the nodes, then the formulas, then the pictures. When there is no error among
 /// them, the document can be loaded, shown with its values and saved. Finding their places in the
 /// text takes a little longer.
-Findings checkDocument(dom::Source source, Places places = Places::left);
+Findings checkDocument(const dom::Source& source, Places places = Places::left);
 
 /// The finding for a document that loading would refuse with this message.
 Finding rejection(const Message& message);

@@ -66,7 +66,7 @@ std::string object(std::string_view file, const Findings& findings, const RunTim
     std::string json = "{\"file\": ";
     appendJson(json, file);
     if (error != nullptr) {
-        json += ", \"error\": {\"number\": " + std::to_string(error->number()) + ", \"message\": ";
+        json += R"(, "error": {"number": )" + std::to_string(error->number()) + R"(, "message": )";
         appendJson(json, error->what());
         json += '}';
     }

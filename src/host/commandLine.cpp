@@ -119,7 +119,7 @@ private:
     }
 
     void checkRender() const {
-        if (line_.output && !line_.standalone) fail("\"-o\" goes with \"--standalone\" only");
+        if (line_.output && !line_.standalone) fail(R"("-o" goes with "--standalone" only)");
         if (line_.standalone && line_.each) failTogether("--each", "--standalone");
         if (line_.output && line_.files.size() > 1) {
             fail("\"-o\" is for one FILE; for several give --folder DIR");

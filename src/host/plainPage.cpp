@@ -68,7 +68,7 @@ public:
         // Gaps beyond the whole page are not worth counting.
         for (const std::string_view gap : {"spacebefore", "spaceafter"}) {
             const double rows = leadingNumber(GetAttributeValue(&node, gap, "0"));
-            if (rows > static_cast<double>(longestPage / gapMarkup)) return false;
+            if (rows * gapMarkup > static_cast<double>(longestPage)) return false;
             if (rows > 0) page_ += static_cast<std::size_t>(std::ceil(rows)) * gapMarkup;
         }
         return page_ <= longestPage;

@@ -27,7 +27,7 @@ inline constexpr std::array rules{
     Rule{"bad-number", "A text that stands for a number is none."},
     Rule{"number-out-of-range", "A number lies outside the range that it can have."},
     Rule{"bad-colour", "A text that stands for a colour is none."},
-    Rule{"bad-flag", "A text that stands for set or not set is neither \"1\" nor \"0\"."},
+    Rule{"bad-flag", R"(A text that stands for set or not set is neither "1" nor "0".)"},
     Rule{"unknown-formula", "A text refers to a formula that does not exist."},
     Rule{"unknown-picture", "A text refers to a picture that does not exist."},
     Rule{"unknown-overlay", "A text refers to an overlay picture that does not exist."},

@@ -37,19 +37,19 @@ void appendResult(std::string& json, const std::string& file, const Finding& fin
     json += '{';
     appendMember(json, "ruleId", finding.code);
     const auto rule = std::ranges::find(rules, finding.code, &Rule::code);
-    json += ", \"ruleIndex\": " + std::to_string(rule - rules.begin()) + ", ";
+    json += R"(, "ruleIndex": )" + std::to_string(rule - rules.begin()) + ", ";
     appendMember(json, "level", nameOf(finding.severity));
     json += ", ";
     appendMessage(json, "message", finding.message);
-    json += ", \"locations\": [{\"physicalLocation\": {";
+    json += R"(, "locations": [{"physicalLocation": {)";
     appendArtifact(json, file);
     // What concerns the whole document is shown at its beginning.
     const Place place = finding.place.value_or(Place{});
-    json += ", \"region\": {\"startLine\": " + std::to_string(place.line);
-    if (place.column) json += ", \"startColumn\": " + std::to_string(*place.column);
+    json += R"(, "region": {"startLine": )" + std::to_string(place.line);
+    if (place.column) json += R"(, "startColumn": )" + std::to_string(*place.column);
     json += "}}";
     if (!finding.key.empty()) {
-        json += ", \"logicalLocations\": [{";
+        json += R"(, "logicalLocations": [{)";
         appendMember(json, "fullyQualifiedName", finding.key);
         json += "}]";
     }
@@ -108,7 +108,7 @@ private:
         appendMessage(failures_, "message",
                       "Run-time error '" + std::to_string(document.error->number()) +
                           "': " + document.error->what());
-        failures_ += ", \"locations\": [{\"physicalLocation\": {";
+        failures_ += R"(, "locations": [{"physicalLocation": {)";
         appendArtifact(failures_, document.file);
         failures_ += "}}]}";
     }
