@@ -89,7 +89,10 @@ struct AnswerBuffer::Native {
     }
 
     LRESULT send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
-        return SendMessageW(window, message, first, second);
+        const bool within = std::exchange(own, true);
+        const LRESULT result = SendMessageW(window, message, first, second);
+        own = within;
+        return result;
     }
 
     std::size_t length() const {
@@ -141,7 +144,7 @@ struct AnswerBuffer::Native {
     }
 
     LRESULT handle(UINT message, WPARAM first, LPARAM second) {
-        if (depth > 0 || message == WM_DESTROY || message == WM_NCDESTROY)
+        if (own || depth > 0 || message == WM_DESTROY || message == WM_NCDESTROY)
             return DefSubclassProc(window, message, first, second);
         if (message == WM_PAINT) draw();
         look();
@@ -178,12 +181,14 @@ struct AnswerBuffer::Native {
         if (!document) return;
         look();
         const LRESULT told = send(EM_SETEVENTMASK, 0, 0);
+        const bool within = std::exchange(own, true);
         long count = 0;
         document->Undo(tomSuspend, &count);
         document->Freeze(&count);
         action();
         document->Unfreeze(&count);
         document->Undo(tomResume, &count);
+        own = within;
         send(EM_SETEVENTMASK, 0, told);
         send(EM_SETMODIFY, FALSE);
     }
@@ -212,6 +217,8 @@ struct AnswerBuffer::Native {
     ComPtr<ITextDocument> document;
     UntouchedEnds untouched = everything;
     bool changed = false;  ///< since `untouched` was everything
+
+    mutable bool own = false;  ///< what the control is told comes from here
 
     // The message that the control is handling.
     int depth = 0;
