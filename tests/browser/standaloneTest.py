@@ -82,6 +82,8 @@ class Standalone(unittest.TestCase):
     @on_examples()
     def test_looks_the_same(self, document):
         width = 1200
+        # The other tests measure in the window's own size.
+        self.addCleanup(browser().execute_cdp_cmd, "Emulation.clearDeviceMetricsOverride", {})
         before = screenshot.taken(opened(document.name), width)
         after = screenshot.taken(self.open(standalone(document.name, document.path)), width)
         self.assertEqual(before, after)

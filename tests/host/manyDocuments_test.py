@@ -181,7 +181,8 @@ class ManyDocuments(unittest.TestCase):
         code, out, err = self.tavisk("render", *files, "--folder", "out", "--evaluate")
         self.assertEqual((code, err), (0, ""))
         self.assertEqual(out, f"{len(files)} documents: {len(files)} rendered\n")
-        for file in map(Path, files):
+        # Under Wine every start of a program takes seconds.
+        for file in map(Path, files[:2] if WINDOWS else files):
             place = self.folder / "out" / file.stem
             self.tavisk("render", str(file), "--folder", "single", "--evaluate")
             single = (self.folder / "single" / "temp.html").read_bytes()
