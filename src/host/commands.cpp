@@ -74,6 +74,7 @@ public:
             line_.folder ? std::optional(absoluteFolder(*line_.folder)) : std::nullopt;
         const std::string path =
             line_.output ? *line_.output : standalonePath(*folder, line_.file());
+        keepDocument(line_.file(), path);
         if (!line_.output) createFolders(files_, *folder);
         const auto output = [&](const Produce& page) {
             if (path != "-") {

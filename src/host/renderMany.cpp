@@ -81,9 +81,9 @@ private:
         DiskFiles disk;
         NamingFiles files(disk);
         Progress silent(streams_.err, false);
-        const auto output = [&](const Produce& page) {
-            writeOutputFile(files, standalonePath(folder_, file), page);
-        };
+        const std::string path = standalonePath(folder_, file);
+        keepDocument(file, path);
+        const auto output = [&](const Produce& page) { writeOutputFile(files, path, page); };
         const StandaloneResult result = renderStandalone(files, {folder_, folder_, line_.evaluate},
                                                          std::move(source), output, silent);
         if (result.rejection) return rejected(file, *result.rejection);

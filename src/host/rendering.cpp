@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "editor/helpSession.h"
+#include "host/editResult.h"
+#include "host/fileError.h"
 #include "host/noFiles.h"
 #include "platform/assets.h"
 #include "platform/error.h"
@@ -56,6 +58,10 @@ std::optional<Message> renderPage(Files& files, const std::string& folder, dom::
     progress.phase("writing the page");
     session.generatepreview(evaluate);
     return std::nullopt;
+}
+
+void keepDocument(const std::string& file, const std::string& page) {
+    if (isSameFile(file, page)) throw FileError(ErrorNumber::permissionDenied, page);
 }
 
 StandaloneResult renderStandalone(Files& files, const StandalonePlan& plan, dom::Source source,

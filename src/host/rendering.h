@@ -31,6 +31,9 @@ struct StandaloneResult {
         missing;  ///< addresses of pictures that could not be put in, each once
 };
 
+/// Error 70 where the page would be written over its own document.
+void keepDocument(const std::string& file, const std::string& page);
+
 /// Hands the page with everything in it to `output`, unless the document is rejected.
 StandaloneResult renderStandalone(Files& files, const StandalonePlan& plan, dom::Source source,
                                   const std::function<void(const Produce&)>& output,

@@ -338,5 +338,18 @@ TEST(RenderStandalone, AFolderThatIsMissingIsExit4) {
               (CommandRun{4, "", "Run-time error '76': Path not found\nFile: " + page + "\n"}));
 }
 
+TEST(RenderStandalone, APageIsNeverWrittenOverItsDocument) {
+    const TemporaryFolder folder;
+    const std::string file = folder.write("a.html", documentOf("x"));
+    const std::string other = folder.write("b.xml", documentOf("x"));
+    EXPECT_EQ(runIt({"render", file, "--standalone", "--folder", folder.path()}),
+              (CommandRun{4, "", "Run-time error '70': Permission denied\nFile: " + file + "\n"}));
+    EXPECT_EQ(runIt({"render", file, other, "--standalone", "--folder", folder.path()}),
+              (CommandRun{4, "2 documents: 1 rendered, 1 failed\n",
+                          file + ": Run-time error '70': Permission denied\n"}));
+    EXPECT_EQ(runIt({"render", file, "--standalone", "-o", file}).exit, 4);
+    EXPECT_EQ(folder.read("a.html"), documentOf("x"));
+}
+
 }  // namespace
 }  // namespace tavisk
