@@ -123,9 +123,10 @@ struct AnswerBuffer::Native {
 
     /// Notes what has changed since the message began, or since this was called in it.
     void look() {
-        if (send(EM_GETMODIFY) == 0) return;
-        send(EM_SETMODIFY, FALSE);
         const std::size_t now = length();
+        // Cutting does not always count as a modification.
+        if (send(EM_GETMODIFY) == 0 && now == lengthBefore) return;
+        send(EM_SETMODIFY, FALSE);
         const Selection after = selection();
         if (depth == 0 || anywhere) {
             untouched = {0, 0};
@@ -144,6 +145,12 @@ struct AnswerBuffer::Native {
     }
 
     LRESULT handle(UINT message, WPARAM first, LPARAM second) {
+        // Nobody is told of it now, so it is drawn once more.
+        if (message == WM_PAINT && (own || depth > 0) && !isDrawing) {
+            const LRESULT result = DefSubclassProc(window, message, first, second);
+            InvalidateRect(window, nullptr, FALSE);
+            return result;
+        }
         if (own || depth > 0 || message == WM_DESTROY || message == WM_NCDESTROY)
             return DefSubclassProc(window, message, first, second);
         if (message == WM_PAINT) draw();
@@ -160,11 +167,13 @@ struct AnswerBuffer::Native {
         return result;
     }
     void draw() noexcept {
+        const bool within = std::exchange(isDrawing, true);
         try {
             drawing();
         } catch (...) {
             // Without memory for the colours the text is still there.
         }
+        isDrawing = within;
     }
     static LRESULT CALLBACK onMessage(HWND window, UINT message, WPARAM first, LPARAM second,
                                       UINT_PTR, DWORD_PTR self) {
@@ -219,6 +228,7 @@ struct AnswerBuffer::Native {
     bool changed = false;  ///< since `untouched` was everything
 
     mutable bool own = false;  ///< what the control is told comes from here
+    bool isDrawing = false;
 
     // The message that the control is handling.
     int depth = 0;

@@ -26,8 +26,9 @@
 namespace tavisk::test {
 
 /// The colour that each character of the control has on the screen: '.' black, 'b' blue, 'g' green,
-/// 'o' olive, '?' any other.
-std::string shownColours(const AnswerBox& box);
+/// 'o' olive, '?' any other; of those from `from` up to `to`.
+std::string shownColours(const AnswerBox& box, std::size_t from = 0,
+                         std::size_t to = std::string::npos);
 
 // One of two code units is one character here, whatever the control counts.
 std::size_t characterCount(std::u16string_view text);

@@ -26,7 +26,7 @@ char letterOf(const GdkRGBA& colour) {
 
 }  // namespace
 
-std::string shownColours(const AnswerBox& box) {
+std::string shownColours(const AnswerBox& box, std::size_t from, std::size_t to) {
     GtkTextView* const view = viewOf(box);
     GtkWidget* const widget = GTK_WIDGET(view);
     GdkRGBA untagged;
@@ -34,8 +34,9 @@ std::string shownColours(const AnswerBox& box) {
                                 gtk_widget_get_state_flags(widget), &untagged);
     std::string letters;
     GtkTextIter at;
-    gtk_text_buffer_get_start_iter(gtk_text_view_get_buffer(view), &at);
-    for (; !gtk_text_iter_is_end(&at); gtk_text_iter_forward_char(&at)) {
+    gtk_text_buffer_get_iter_at_offset(gtk_text_view_get_buffer(view), &at, static_cast<int>(from));
+    for (; !gtk_text_iter_is_end(&at) && from + letters.size() < to;
+         gtk_text_iter_forward_char(&at)) {
         GtkTextAttributes* const look = gtk_text_view_get_default_attributes(view);
         gtk_text_iter_get_attributes(&at, look);
         const GdkRGBA* const tagged = look->appearance.rgba[1];

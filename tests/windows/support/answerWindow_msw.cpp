@@ -38,7 +38,7 @@ std::size_t characterAt(const AnswerBox& box, long x, long y) {
 
 }  // namespace
 
-std::string shownColours(const AnswerBox& box) {
+std::string shownColours(const AnswerBox& box, std::size_t from, std::size_t to) {
     // By the text's own interface, which needs no selection for it.
     ComPtr<IRichEditOle> control;
     send(box, EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(control.GetAddressOf()));
@@ -50,7 +50,8 @@ std::string shownColours(const AnswerBox& box) {
         return "(no text)";
     std::string letters;
     const std::u16string text = box.text();
-    for (long at = 0; at < static_cast<long>(text.size()); ++at) {
+    const auto end = static_cast<long>(unitBehind(text, to));
+    for (auto at = static_cast<long>(unitBehind(text, from)); at < end; ++at) {
         const char16_t unit = text[static_cast<std::size_t>(at)];
         if (unit >= 0xDC00 && unit <= 0xDFFF) continue;
         ComPtr<ITextRange> range;
