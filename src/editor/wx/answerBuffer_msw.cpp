@@ -92,7 +92,14 @@ struct AnswerBuffer::Native {
         const bool within = std::exchange(own, true);
         const LRESULT result = SendMessageW(window, message, first, second);
         own = within;
+        drawAgain();
         return result;
+    }
+    /// Nobody was told of what was drawn within another message.
+    void drawAgain() const {
+        if (!drawnUntold || own || depth > 0) return;
+        drawnUntold = false;
+        InvalidateRect(window, nullptr, FALSE);
     }
 
     std::size_t length() const {
@@ -145,12 +152,7 @@ struct AnswerBuffer::Native {
     }
 
     LRESULT handle(UINT message, WPARAM first, LPARAM second) {
-        // Nobody is told of it now, so it is drawn once more.
-        if (message == WM_PAINT && (own || depth > 0) && !isDrawing) {
-            const LRESULT result = DefSubclassProc(window, message, first, second);
-            InvalidateRect(window, nullptr, FALSE);
-            return result;
-        }
+        if (message == WM_PAINT && !isDrawing && (own || depth > 0)) drawnUntold = true;
         if (own || depth > 0 || message == WM_DESTROY || message == WM_NCDESTROY)
             return DefSubclassProc(window, message, first, second);
         if (message == WM_PAINT) draw();
@@ -161,6 +163,7 @@ struct AnswerBuffer::Native {
         const LRESULT result = DefSubclassProc(window, message, first, second);
         look();
         depth = 0;
+        drawAgain();
         if (message == WM_PAINT) draw();
         if (message == WM_ENABLE)
             send(EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(first ? paper : disabledPaper));
@@ -198,6 +201,7 @@ struct AnswerBuffer::Native {
         document->Unfreeze(&count);
         document->Undo(tomResume, &count);
         own = within;
+        drawAgain();
         send(EM_SETEVENTMASK, 0, told);
         send(EM_SETMODIFY, FALSE);
     }
@@ -229,6 +233,7 @@ struct AnswerBuffer::Native {
 
     mutable bool own = false;  ///< what the control is told comes from here
     bool isDrawing = false;
+    mutable bool drawnUntold = false;
 
     // The message that the control is handling.
     int depth = 0;
