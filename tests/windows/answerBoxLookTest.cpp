@@ -54,7 +54,7 @@ TEST_P(AnswerBoxLookTest, CaretIsBlack) {
 }
 
 TEST_P(AnswerBoxLookTest, SelectionIsSeen) {
-    window.showNode(u"          ");
+    window.showNode(u".          .");
     std::size_t before = 0;
     ASSERT_TRUE(comesToLook([&](Drawing& drawing) {
         before = drawing[white];

@@ -9,6 +9,7 @@
 #include <wx/eventfilter.h>
 
 #include "document/nodeKeys.h"
+#include "editor/wx/boxText.h"
 #include "reference/differential.h"
 #include "reference/random.h"
 #include "windows/support/answerWindow.h"
@@ -328,7 +329,7 @@ void RandomSession::typeSomewhere() {
                    test::placeBehind(box, std::max(from, to)));
     } else {
         box.SetInsertionPoint(test::placeBehind(box, from));
-        box.WriteText(toWx(std::u16string_view(anyText())));
+        box.WriteText(textForBox(anyText()));
     }
 }
 

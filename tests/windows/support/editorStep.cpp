@@ -5,6 +5,7 @@
 #include <wx/mstream.h>
 
 #include "editor/imageCommands.h"
+#include "platform/text.h"
 #include "windows/support/answerWindow.h"
 #include "windows/support/treeWindow.h"
 
@@ -64,7 +65,7 @@ void expectPanel(EditorWindow& editor) {
 void expectText(EditorWindow& editor) {
     const AnswerBox& box = *editor.controls().txtValue;
     EXPECT_EQ(box.text(), editor.session().panel.text);
-    EXPECT_EQ(shownColours(box), ruledColours(box.text()));
+    EXPECT_EQ(shownColours(box), ruledColours(box.text())) << toUtf8(box.text());
 }
 
 void expectList(const wxChoice& control, const DropDownList& list) {
