@@ -326,5 +326,19 @@ TEST_F(AnswerBoxTest, DisabledBoxShowsItsText) {
     EXPECT_EQ(shownColours(box), "..ooo");
 }
 
+TEST_F(AnswerBoxTest, AnotherTextOfTheSameLengthIsColouredAnew) {
+    window.showNode(u"`ab`!");
+    box.SetValue("!`ab`");
+    EXPECT_EQ(shownColours(box), ".oooo");
+}
+
+TEST_F(AnswerBoxTest, WhatCuttingLeavesIsColouredAnew) {
+    window.showNode(u"~b @!`!e`");
+    box.SetSelection(0, 8);
+    box.Cut();
+    EXPECT_EQ(box.text(), u"`");
+    EXPECT_EQ(shownColours(box), ".");
+}
+
 }  // namespace
 }  // namespace tavisk

@@ -53,6 +53,11 @@ bool changesAnywhere(UINT message, WPARAM parameter) {
     }
 }
 
+/// These leave the text behind as one that was never modified.
+bool setsText(UINT message) {
+    return message == WM_SETTEXT || message == EM_SETTEXTEX || message == EM_STREAMIN;
+}
+
 }  // namespace
 
 struct AnswerBuffer::Native {
@@ -132,7 +137,8 @@ struct AnswerBuffer::Native {
     void look() {
         const std::size_t now = length();
         // Cutting does not always count as a modification.
-        if (send(EM_GETMODIFY) == 0 && now == lengthBefore) return;
+        if (!std::exchange(isSetting, false) && send(EM_GETMODIFY) == 0 && now == lengthBefore)
+            return;
         send(EM_SETMODIFY, FALSE);
         const Selection after = selection();
         if (depth == 0 || anywhere) {
@@ -159,6 +165,7 @@ struct AnswerBuffer::Native {
         look();
         depth = 1;
         anywhere = changesAnywhere(message, first);
+        isSetting = setsText(message);
         begin(length(), selection());
         const LRESULT result = DefSubclassProc(window, message, first, second);
         look();
@@ -238,6 +245,7 @@ struct AnswerBuffer::Native {
     // The message that the control is handling.
     int depth = 0;
     bool anywhere = false;
+    bool isSetting = false;
     std::size_t lengthBefore = 0;
     Selection before;
 };
