@@ -11,8 +11,8 @@
 
 namespace tavisk {
 
-/// Distances as on the desktop, in pixels of the window's screen: within a group, and between groups
-/// and around the window.
+/// Distances as on the desktop, in pixels of the window's screen: within a group, and between
+/// groups and around the window.
 int spacing(const wxWindow* window);
 int groupSpacing(const wxWindow* window);
 

@@ -23,8 +23,8 @@ void placeByRealSize(wxTopLevelWindow& window);
 /// example to give up what an input method is composing.
 void setCancelButton(wxTopLevelWindow& window, wxButton& button);
 
-/// Alt and a letter clicks the button or the box of that mnemonic wherever in the window the focus is;
-/// of several with the same one, the next gets the focus.
+/// Alt and a letter clicks the button or the box of that mnemonic wherever in the window the focus
+/// is; of several with the same one, the next gets the focus.
 void letMnemonicsReach(wxTopLevelWindow& window);
 
 /// Whether the desktop has OK at the right of Cancel.
@@ -47,8 +47,8 @@ wxSize padText(wxStaticText& label);
 void paintGap(wxDC& dc, const wxWindow& window, const wxRect& gap);
 
 /// For a list of thousands of names of any length: opening the window costs no more for them, and a
-/// name that is longer than the list is wide is shown with its middle left out, or whole in the open
-/// list. To be called before there are names.
+/// name that is longer than the list is wide is shown with its middle left out, or whole in the
+/// open list. To be called before there are names.
 void expectManyNames(wxChoice& list);
 
 }  // namespace tavisk
