@@ -15,7 +15,7 @@ namespace tavisk {
 std::vector<Problem> checkTokens(std::string_view text, TokenNames& names);
 /// The same with working memory that is used again.
 std::vector<Problem> checkTokens(std::string_view text, TokenNames& names,
-                                 std::vector<Token>& memory);
+                                 std::vector<Token>& tokens);
 
 /// Characters that code page 1252 lacks: one problem for all of them, at the first.
 std::optional<Problem> checkCharacters(std::string_view text, bool hidden);

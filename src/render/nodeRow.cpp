@@ -101,7 +101,7 @@ void appendNodeRow(std::string& html, std::string_view baseName,
 
     html += rowOpening;
     const auto appendTitle = [&] { appendShownName(html, baseName); };
-    const auto appendAnswer = [&] { html += value; };
+    const auto appendAnswer = [&html, text = value] { html += text; };
     if (titleHidden) {
         appendCell(html, wideCell, answer, appendAnswer);
     } else {
