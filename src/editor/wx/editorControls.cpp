@@ -85,9 +85,7 @@ wxWindow* buildDetails(wxWindow* parent, EditorControls& controls) {
 
 /// In the middle of the screen and not larger than it.
 void setSize(wxFrame& frame, wxSize size) {
-    const int display = wxDisplay::GetFromWindow(&frame);
-    const wxDisplay screen(display == wxNOT_FOUND ? 0U : static_cast<unsigned>(display));
-    size.DecTo(screen.GetClientArea().GetSize() - frame.FromDIP(roomForFrame));
+    size.DecTo(wxDisplay(&frame).GetClientArea().GetSize() - frame.FromDIP(roomForFrame));
     size.IncTo(frame.FromDIP(leastSize));
     frame.SetSize(size);
     frame.CentreOnScreen();

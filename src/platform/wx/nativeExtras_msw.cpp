@@ -105,9 +105,7 @@ void widenOpenList(const wxChoice& list) {
     for (unsigned i = 0; i != list.GetCount(); ++i)
         widest = std::max(widest, dc.GetTextExtent(list.GetString(i)).x);
     const int besides = GetSystemMetrics(SM_CXVSCROLL) + list.FromDIP(paddingOfText.x * 2);
-    const int index = wxDisplay::GetFromWindow(&list);
-    const wxDisplay screen(index == wxNOT_FOUND ? 0U : static_cast<unsigned>(index));
-    const int width = std::min(widest + besides, screen.GetClientArea().width);
+    const int width = std::min(widest + besides, wxDisplay(&list).GetClientArea().width);
     SendMessageW(handleOf(&list), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
 }
 

@@ -23,10 +23,8 @@ constexpr float greatestZoom = 5.0F;
 
 /// Room for a page on any screen, and not more than there is.
 wxSize firstSize(const wxWindow& window) {
-    const int display = std::max(0, wxDisplay::GetFromWindow(&window));
-    const wxSize screen = wxDisplay(static_cast<unsigned>(display)).GetClientArea().GetSize();
     wxSize size = window.FromDIP(wxSize(960, 680));
-    size.DecTo(screen);
+    size.DecTo(wxDisplay(&window).GetClientArea().GetSize());
     return size;
 }
 
