@@ -59,7 +59,6 @@ class Author:
     def __init__(self, process):
         self.windows = driver.Application(process)
         self.editor = self.windows.window(TITLE)
-        self.editor.wait_for("active")
         self.text = self.editor.find("text", "Information Text")
 
     def find(self, role, name):
@@ -130,7 +129,7 @@ class Author:
 
     def asked(self, question):
         """Waits until an input box asks it."""
-        self.windows.dialog(question).wait_for("active")
+        self.windows.dialog(question)
 
     def answer(self, text):
         """To an input box that has just come up."""
@@ -249,7 +248,7 @@ def leave(author, book):
     driver.wait(lambda: not driver.visible_x_windows(PREVIEW), "the preview is still there")
     author.editor.wait_for("active")
     author.button("Cancel").click()
-    author.windows.dialog("Would you like to save your changes?").wait_for("active")
+    author.windows.dialog("Would you like to save your changes?")
     book.take("guide-close", marks=[author.button(name) for name in
                                     ("Refresh Formula Values", "Cancel", "OK")])
     driver.key("Escape")

@@ -26,7 +26,6 @@ packages() {
             echo xvfb                   # a display that nobody sees
             echo xauth                  # its key
             echo openbox                # without a window manager no window gets the focus
-            echo x11-utils              # tells when the window manager is there
             echo dbus                   # the message bus
             echo at-spi2-core           # the bus of screen readers
             echo libatk-adaptor         # the toolkit's way to it
@@ -43,6 +42,7 @@ packages() {
             echo python3-gi             # speaks to the bus of screen readers
             echo gir1.2-atspi-2.0       # what is spoken there
             echo xdotool                # keyboard and mouse
+            echo wmctrl                 # the cross in a window's frame
             echo imagemagick            # screenshots of windows
             echo fonts-liberation       # letters for the page
             ;;

@@ -29,14 +29,18 @@ if [ -z "${TAVISK_INSIDE_DISPLAY:-}" ]; then
 fi
 
 export GDK_BACKEND=x11 NO_AT_BRIDGE=${NO_AT_BRIDGE:-0}
+# It says when it is ready: a window that was there before gets no focus from it.
+mkfifo "$XDG_RUNTIME_DIR/managed"
+exec 3<> "$XDG_RUNTIME_DIR/managed"
 start_manager() {
-    openbox --sm-disable > /dev/null 2>&1 &
+    openbox --sm-disable --startup "sh -c 'echo > \"$XDG_RUNTIME_DIR/managed\"'" \
+        > /dev/null 2>&1 3>&- &
     manager=$!
 }
 start_manager
 trap 'kill $manager 2> /dev/null || true' EXIT
 tries=0
-until xprop -root _NET_SUPPORTING_WM_CHECK 2> /dev/null | grep -q 'window id'; do
+until read -r -t 1 -u 3; do
     kill -0 $manager 2> /dev/null && continue
     # On a busy machine the first connections to a new display can be refused.
     if [ $((++tries)) = 50 ]; then
@@ -45,4 +49,5 @@ until xprop -root _NET_SUPPORTING_WM_CHECK 2> /dev/null | grep -q 'window id'; d
     fi
     start_manager
 done
+exec 3>&-
 "$@"

@@ -75,7 +75,7 @@ class ExampleTest(HostTest):
         editor = host.application.window(EDITOR)
         self.assertEqual(self.answer(editor), "The handle is on the side without hinges.")
         editor.press_button("Preview Help File")
-        host.application.window(PREVIEW).wait_for("active")
+        host.application.window(PREVIEW)
         key("Escape")
         editor.wait_for("active")
         page = (self.component / "temp.html").read_text(encoding="cp1252")
@@ -109,7 +109,7 @@ class WithPage(ExampleTest):
     OWN_BUILD = False
 
     def leave(self, host):
-        host.application.window(PREVIEW).wait_for("active")
+        host.application.window(PREVIEW)
         key("Escape")
 
 
@@ -140,10 +140,8 @@ class Gtk(ExampleTest):
         host.application.window("Door").press_button("Edit help")
 
     def leave(self, host):
-        window = host.application.window("Door")
-        window.find("push button", "Edit help").wait_for("sensitive")
-        window.wait_for("active")
-        close_by_window_manager()
+        host.application.window("Door").find("push button", "Edit help").wait_for("sensitive")
+        close_by_window_manager("Door")
 
 
 del HostTest

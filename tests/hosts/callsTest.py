@@ -63,8 +63,7 @@ class Edit(CallTest):
     def test_closed_by_the_window_manager_and_kept_open(self):
         tag, window = self.edit(self.host)
         window.find("check box", "Title bold").press()
-        window.wait_for("active")
-        close_by_window_manager()
+        close_by_window_manager(EDITOR)
         question = self.windows.dialog(SAVE_QUESTION)
         x_window("Exiting...")
         question.press_button("Cancel")
@@ -101,7 +100,7 @@ class Edit(CallTest):
     def test_from_the_preview_button_and_back(self):
         tag, window = self.edit(self.host, FORMULA)
         window.press_button("Preview Help File")
-        self.windows.window(PREVIEW).wait_for("active")
+        self.windows.window(PREVIEW)
         key("Escape")
         window.wait_for("active")
         self.assertIn("is 5", (self.component / "temp.html").read_text(encoding="cp1252"))
@@ -138,7 +137,7 @@ class Preview(CallTest):
 
     def preview(self, text, evaluate, command="preview", encoding="utf-8"):
         tag = self.host.send(command, self.document(text, encoding), evaluate)
-        self.windows.window(PREVIEW).wait_for("active")
+        self.windows.window(PREVIEW)
         key("Escape")
         self.assertEqual(self.host.answer(tag), "0")
 

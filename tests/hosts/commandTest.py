@@ -102,7 +102,7 @@ class Edit(CommandTest):
 class Preview(CommandTest):
     def test_shows_the_page(self):
         process, windows = self.run_it("preview", self.file, "--evaluate")
-        windows.window(PREVIEW).wait_for("active")
+        windows.window(PREVIEW)
         key("Escape")
         self.assertEqual(self.ended(process), (0, "", ""))
         self.assertIn("old", (self.component / "temp.html").read_text(encoding="cp1252"))

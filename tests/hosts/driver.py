@@ -153,7 +153,7 @@ class Application:
         self.process = process
 
     def windows(self):
-        """Those that are shown."""
+        """Those that are shown; one that has just come up may not be on the screen yet."""
         _listen()
         desktop = Atspi.get_desktop(0)
         desktop.clear_cache()
@@ -168,7 +168,12 @@ class Application:
                 raise NotFound(f"{what}: the host has ended with {self.process.returncode}")
             return next(filter(matching, self.windows()), None)
 
-        return wait(seen, what)
+        window = wait(seen, what)
+        window.wait_for("active")
+        return window
+
+    # Both wait until it has the focus. In what is not on the screen yet a click misses; and if it were
+    # closed before, the window behind it might pass for the one with the focus, and would lose it.
 
     def window(self, name):
         return self._wait(lambda window: _asked(lambda: window.name) == name, f"no window {name!r}")
@@ -180,9 +185,13 @@ class Application:
 
 # ---- the X server
 
-def xdotool(*words):
-    subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True,
+def run(*words):
+    subprocess.run(list(map(str, words)), check=True, capture_output=True,
                    timeout=DEADLINE_SECONDS)
+
+
+def xdotool(*words):
+    run("xdotool", *words)
 
 
 def visible_x_windows(title):
@@ -205,6 +214,6 @@ def type_text(text):
     xdotool("type", "--clearmodifiers", "--delay", 1, "--", text)
 
 
-def close_by_window_manager():
-    """Closes the active window as the cross in its frame does: it is asked to close."""
-    key("alt+F4")
+def close_by_window_manager(title):
+    """As the cross in its frame does: the window is asked to close, wherever the focus is."""
+    run("wmctrl", "-i", "-c", x_window(title))

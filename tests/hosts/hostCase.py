@@ -10,7 +10,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from driver import DEADLINE_SECONDS, Application, visible_x_windows, wait
+from driver import DEADLINE_SECONDS, Application, describe_all, visible_x_windows, wait
 
 HOSTS = Path(os.environ["TAVISK_HOSTS"])  # folder of the host programs
 LIBRARY = Path(os.environ["TAVISK_LIBRARY"])
@@ -86,7 +86,10 @@ class Host:
     def end(self):
         """The exit code and what it wrote to standard error."""
         self.process.stdin.close()
-        code = self.process.wait(DEADLINE_SECONDS)
+        try:
+            code = self.process.wait(DEADLINE_SECONDS)
+        except subprocess.TimeoutExpired:
+            raise AssertionError(f"the host does not end\n{describe_all()}") from None
         self.process.stdout.close()
         return code, self.errors.read_text(errors="replace")
 
@@ -127,7 +130,7 @@ class HostTest(unittest.TestCase):
                     self.folder)
         self.addCleanup(self.finish, host)
         if name == "wxHost" and not words:
-            host.application.window("Host window").wait_for("active")
+            host.application.window("Host window")
         return host
 
     def command_of(self, name):

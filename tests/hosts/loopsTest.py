@@ -51,7 +51,7 @@ class Gtk(LoopTest):
         window.press_button("Cancel")
         self.host.application.dialog(SAVE_QUESTION).press_button("Cancel")
         window.press_button("Preview Help File")
-        self.host.application.window(PREVIEW).wait_for("active")
+        self.host.application.window(PREVIEW)
         self.assert_timer_runs()
         key("Escape")
         window.wait_for("active")
@@ -71,7 +71,7 @@ class Gtk(LoopTest):
     def test_a_host_that_quits_meanwhile_has_quit_afterwards(self):
         tag, window = self.edit(self.host)
         window.press_button("Preview Help File")
-        self.host.application.window(PREVIEW).wait_for("active")
+        self.host.application.window(PREVIEW)
         self.assertEqual(self.host.ask("quit"), "0")
         key("Escape")
         window.wait_for("active")
@@ -104,7 +104,6 @@ class HostWindow(LoopTest):
         button.click()
         wait(lambda: self.host.ask("clicks") == "1", "the host's button takes no click")
         tag, window = self.edit(self.host)
-        window.wait_for("active")
         button.click()
         self.assert_timer_runs()
         window.press_button("OK")
@@ -143,7 +142,7 @@ class Toolkit(HostTest):
 
     def preview(self, host):
         tag = host.send("preview", self.document(PLAIN), 1)
-        host.application.window(PREVIEW).wait_for("active")
+        host.application.window(PREVIEW)
         key("Escape")
         return tag
 

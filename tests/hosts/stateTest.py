@@ -13,7 +13,7 @@ from hostCase import PREVIEW, HostTest, saved
 class State(HostTest):
     def preview(self, host):
         tag = host.send("preview", self.document(), 1)
-        host.application.window(PREVIEW).wait_for("active")
+        host.application.window(PREVIEW)
         key("Escape")
         return host.answer(tag)
 
@@ -41,7 +41,7 @@ class State(HostTest):
         tag, window = self.edit(host)
         self.assertEqual(self.raise_signals(host), 1)
         window.press_button("Preview Help File")
-        host.application.window(PREVIEW).wait_for("active")
+        host.application.window(PREVIEW)
         self.assertEqual(self.raise_signals(host), 2)
         key("Escape")
         window.wait_for("active")

@@ -51,7 +51,7 @@ class Folder(HostTest):
 
     def preview(self, host):
         tag = host.send("preview", self.document(), 1)
-        host.application.window(PREVIEW).wait_for("active")
+        host.application.window(PREVIEW)
         key("Escape")
         self.assertEqual(host.answer(tag), "0")
 

@@ -61,7 +61,7 @@ class User(unittest.TestCase):
                       .partition("/>")[0])
 
     def close_page(self, windows):
-        windows.window(PREVIEW).wait_for("active")
+        windows.window(PREVIEW)
         key("Escape")
 
     def assert_page(self, title):
