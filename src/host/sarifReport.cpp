@@ -74,6 +74,12 @@ public:
             appendMember(json, "id", rule.code);
             json += ", ";
             appendMessage(json, "shortDescription", rule.description);
+            json += ", ";
+            // Some code-review pages refuse a rule without it.
+            appendMessage(json, "fullDescription",
+                          std::string(rule.description).append(" ").append(rule.remedy));
+            json += ", ";
+            appendMessage(json, "help", rule.remedy);
             json += '}';
         }
         json += "\n]}},\n\"columnKind\": \"utf16CodeUnits\",\n\"results\": [";

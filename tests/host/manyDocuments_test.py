@@ -62,7 +62,7 @@ LOCATION = thing({"physicalLocation": thing(
     {"artifactLocation": ARTIFACT},
     {"region": thing({"startLine": number}, {"startColumn": number})})},
     {"logicalLocations": list_of(thing({"fullyQualifiedName": text}))})
-RULE = thing({"id": text, "shortDescription": MESSAGE})
+RULE = thing({"id": text, "shortDescription": MESSAGE, "fullDescription": MESSAGE, "help": MESSAGE})
 RESULT = thing({
     "message": MESSAGE, "ruleId": text, "ruleIndex": lambda value: isinstance(value, int),
     "level": one_of("none", "note", "warning", "error"), "locations": list_of(LOCATION)})

@@ -36,7 +36,9 @@ TEST(SarifReport, BeginsWithVersionAndTool) {
         "sarif-schema-2.1.0.json\",\n\"version\": \"2.1.0\",\n\"runs\": [{\n\"tool\": {\"driver\": "
         "{\"name\": \"Tavisk\", \"version\": \"0.1.0\", \"rules\": [\n"
         "{\"id\": \"not-well-formed\", \"shortDescription\": {\"text\": \"The file is no XML that "
-        "can be read.\"}},\n"))
+        "can be read.\"}, \"fullDescription\": {\"text\": \"The file is no XML that can be read. "
+        "Mend the XML at the place that the message names.\"}, \"help\": {\"text\": \"Mend the XML "
+        "at the place that the message names.\"}},\n"))
         << begin;
 }
 
@@ -92,6 +94,13 @@ TEST(Rules, AreAllDifferent) {
     std::set<std::string_view> codes;
     for (const Rule& rule : rules)
         EXPECT_TRUE(codes.insert(rule.code).second) << rule.code;
+}
+
+TEST(Rules, SayWhatIsWrongAndWhatToDoAboutIt) {
+    for (const Rule& rule : rules) {
+        EXPECT_TRUE(rule.description.ends_with('.')) << rule.code;
+        EXPECT_TRUE(rule.remedy.ends_with('.')) << rule.code;
+    }
 }
 
 TEST(Rules, AreThoseOfTheHelpText) {
