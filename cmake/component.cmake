@@ -1,12 +1,12 @@
 # The windows and the component that a host program loads.
 find_package(wxWidgets 3.2 REQUIRED COMPONENTS webview core base)
 
-file(GLOB icons CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/assets/icons/*.svg)
+file(GLOB icons CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/assets/icons/*.svg ${CMAKE_SOURCE_DIR}/assets/*.svg)
 add_custom_command(
   OUTPUT ${CMAKE_BINARY_DIR}/iconData.cpp
   COMMAND ${CMAKE_COMMAND} -DOUT=${CMAKE_BINARY_DIR}/iconData.cpp
-          -DICONS=${CMAKE_SOURCE_DIR}/assets/icons -P ${CMAKE_SOURCE_DIR}/tools/embedIcons.cmake
-  DEPENDS ${icons} ${CMAKE_SOURCE_DIR}/tools/embedIcons.cmake)
+          "-DICONS=${icons}" -P ${CMAKE_SOURCE_DIR}/tools/embedIcons.cmake
+  DEPENDS ${icons} ${CMAKE_SOURCE_DIR}/tools/embedIcons.cmake VERBATIM)
 
 sources_of(window_sources src/platform/wx/*.cpp src/render/wx/*.cpp src/editor/wx/*.cpp)
 add_library(tavisk_windows STATIC ${window_sources} ${CMAKE_BINARY_DIR}/iconData.cpp)

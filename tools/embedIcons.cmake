@@ -1,12 +1,11 @@
-# Writes the SVG files in ICONS as strings into the C++ file OUT.
-file(GLOB files ${ICONS}/*.svg)
+# Writes the SVG files of the list ICONS as strings into the C++ file OUT.
 set(entries "")
-foreach(file ${files})
+foreach(file ${ICONS})
   get_filename_component(name ${file} NAME_WE)
   file(READ ${file} svg)
   string(APPEND entries "    {\"${name}\", R\"svg(${svg})svg\"},\n")
 endforeach()
-file(WRITE ${OUT} "#include \"editor/wx/icons.h\"
+file(WRITE ${OUT} "#include \"platform/wx/iconSvg.h\"
 
 namespace tavisk {
 namespace {

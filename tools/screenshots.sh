@@ -12,8 +12,13 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkdir -p "$images" "$work/config/gtk-3.0"
 
-# The same picture at any moment: no blinking, no movement.
-printf '[Settings]\ngtk-cursor-blink=0\ngtk-enable-animations=0\n' > "$work/config/gtk-3.0/settings.ini"
+# The same picture at any moment: no blinking, no movement, no scroll bars that fade.
+cat > "$work/config/gtk-3.0/settings.ini" << 'END'
+[Settings]
+gtk-cursor-blink=0
+gtk-enable-animations=0
+gtk-overlay-scrolling=0
+END
 XDG_CONFIG_HOME=$work/config GTK_THEME=Adwaita TAVISK_SCREEN=1280x900 tools/withDisplay.sh \
     /usr/bin/python3 tools/guide.py "$build" "$document" "$images" > /dev/null 2> "$work/log" ||
     { cat "$work/log" >&2; exit 1; }

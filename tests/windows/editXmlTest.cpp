@@ -1,6 +1,8 @@
 // The component's call editXML, with its real window.
 #include <gtest/gtest.h>
 #include <thread>
+#include <wx/iconbndl.h>
+#include <wx/image.h>
 
 #include "component/component.h"
 #include "platform/xmlReader.h"
@@ -58,6 +60,25 @@ struct EditXml : testing::Test {
 
     DialogAnswers dialogs;
 };
+
+TEST_F(EditXml, ItsWindowHasTheProductsIcon) {
+    wxIconBundle icons;
+    edit(simple, [&](frmMain& window) {
+        icons = window.GetIcons();
+        clickOk(window);
+    });
+    for (const int size : {16, 32}) {
+        const wxIcon icon = icons.GetIcon({size, size}, wxIconBundle::FALLBACK_NONE);
+        ASSERT_TRUE(icon.IsOk());
+        wxBitmap bitmap;
+        bitmap.CopyFromIcon(icon);
+        const wxImage image = bitmap.ConvertToImage();
+        // A sheet with something written on it, and nothing beside it.
+        EXPECT_FALSE(image.IsTransparent(size / 2, size / 2));
+        EXPECT_GT(image.CountColours(), 4UL);
+        EXPECT_TRUE(image.IsTransparent(0, 0));
+    }
+}
 
 TEST_F(EditXml, OkGivesTheDocumentAsItStands) {
     const EditResult result = edit(simple, [](frmMain& window) {

@@ -10,6 +10,7 @@
 #include <wx/settings.h>
 
 #include "editor/nodeCommands.h"
+#include "platform/wx/iconSvg.h"
 
 namespace tavisk {
 namespace {

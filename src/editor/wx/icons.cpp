@@ -4,6 +4,8 @@
 #include <wx/image.h>
 #include <wx/settings.h>
 
+#include "platform/wx/iconSvg.h"
+
 namespace tavisk {
 namespace {
 

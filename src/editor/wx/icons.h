@@ -7,9 +7,6 @@
 
 namespace tavisk {
 
-/// Text of the SVG file of this base name; empty when there is none.
-std::string_view iconSvg(std::string_view name);
-
 /// The picture in one colour, sharp at every scale. `size` is in pixels at 100 %.
 wxBitmapBundle icon(std::string_view name, int size, const wxColour& colour);
 

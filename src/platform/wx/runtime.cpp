@@ -3,8 +3,10 @@
 #include <thread>
 #include <utility>
 #include <wx/app.h>
+#include <wx/bmpbndl.h>
 #include <wx/eventfilter.h>
 #include <wx/evtloop.h>
+#include <wx/iconbndl.h>
 #include <wx/image.h>
 #include <wx/init.h>
 #include <wx/log.h>
@@ -12,6 +14,7 @@
 #include <wx/utils.h>
 
 #include "platform/error.h"
+#include "platform/wx/iconSvg.h"
 #include "platform/wx/nativeToolkit.h"
 
 namespace tavisk {
@@ -60,6 +63,19 @@ private:
     wxFrame& frame_;
 };
 
+/// The product's mark, for the frame around a window and for lists of windows.
+wxIconBundle windowIcons() {
+    const std::string svg(iconSvg("tavisk"));
+    wxIconBundle icons;
+    for (const int size : {16, 24, 32, 48, 64}) {
+        const wxSize pixels(size, size);
+        wxIcon icon;
+        icon.CopyFromBitmap(wxBitmapBundle::FromSVG(svg.c_str(), pixels).GetBitmap(pixels));
+        icons.AddIcon(icon);
+    }
+    return icons;
+}
+
 /// The thread that has the windows. Windows cannot change it, so it is kept for the process.
 std::thread::id windowThread;
 
@@ -92,6 +108,7 @@ void ModalFrame::showModal() {
         const PutOffRequests putOffRequests(*this);
         const wxWindowDisabler others(this);
         leave_ = [&loop] { loop->Exit(); };
+        SetIcons(windowIcons());
         Show();
         setModal(*this, true);
         Raise();
