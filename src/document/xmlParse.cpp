@@ -9,8 +9,6 @@
 namespace tavisk {
 namespace {
 
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 constexpr bool isAllowed(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || isDigit(c) || c == ' ' || c == '-';
 }

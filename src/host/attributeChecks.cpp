@@ -9,8 +9,6 @@
 namespace tavisk {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 bool isHexDigit(char c) { return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
 
 bool isDigits(std::string_view text) { return !text.empty() && std::ranges::all_of(text, isDigit); }

@@ -12,8 +12,6 @@
 namespace tavisk {
 namespace {
 
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 constexpr bool isContinuation(unsigned char c) { return (c & 0xC0) == 0x80; }
 
 /// Length of the sequence that begins at `at`, or 0 when it is not valid.

@@ -23,6 +23,9 @@ void checkTextLength(std::string_view utf8);
 /// Space, tab, line feed, carriage return.
 constexpr bool isBlank(char c) noexcept { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
+/// 0 to 9.
+constexpr bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+
 bool isAscii(std::string_view text) noexcept;
 
 /// End of the run of ASCII characters that begins at `at`.

@@ -102,7 +102,7 @@ struct AnswerBuffer::Native {
     }
     /// Nobody was told of what was drawn within another message.
     void drawAgain() const {
-        if (!drawnUntold || own || depth > 0) return;
+        if (!drawnUntold || own || isHandling) return;
         drawnUntold = false;
         InvalidateRect(window, nullptr, FALSE);
     }
@@ -141,7 +141,7 @@ struct AnswerBuffer::Native {
             return;
         send(EM_SETMODIFY, FALSE);
         const Selection after = selection();
-        if (depth == 0 || anywhere) {
+        if (!isHandling || anywhere) {
             untouched = {0, 0};
         } else {
             const std::size_t behind = std::min(lengthBefore - std::min(lengthBefore, before.to),
@@ -158,18 +158,18 @@ struct AnswerBuffer::Native {
     }
 
     LRESULT handle(UINT message, WPARAM first, LPARAM second) {
-        if (message == WM_PAINT && !isDrawing && (own || depth > 0)) drawnUntold = true;
-        if (own || depth > 0 || message == WM_DESTROY || message == WM_NCDESTROY)
+        if (message == WM_PAINT && !isDrawing && (own || isHandling)) drawnUntold = true;
+        if (own || isHandling || message == WM_DESTROY || message == WM_NCDESTROY)
             return DefSubclassProc(window, message, first, second);
         if (message == WM_PAINT) draw();
         look();
-        depth = 1;
+        isHandling = true;
         anywhere = changesAnywhere(message, first);
         isSetting = setsText(message);
         begin(length(), selection());
         const LRESULT result = DefSubclassProc(window, message, first, second);
         look();
-        depth = 0;
+        isHandling = false;
         drawAgain();
         if (message == WM_PAINT) draw();
         if (message == WM_ENABLE)
@@ -243,7 +243,7 @@ struct AnswerBuffer::Native {
     mutable bool drawnUntold = false;
 
     // The message that the control is handling.
-    int depth = 0;
+    bool isHandling = false;
     bool anywhere = false;
     bool isSetting = false;
     std::size_t lengthBefore = 0;

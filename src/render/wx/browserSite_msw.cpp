@@ -16,8 +16,26 @@ constexpr LONG pageMay = DLCTL_DLIMAGES | DLCTL_NO_SCRIPTS | DLCTL_NO_JAVA |
                          DLCTL_NO_DLACTIVEXCTLS | DLCTL_NO_RUNACTIVEXCTLS | DLCTL_NO_BEHAVIORS |
                          DLCTL_NO_FRAMEDOWNLOAD | DLCTL_NO_CLIENTPULL | DLCTL_SILENT;
 
+/// Begins with one reference, its creator's, and ends with the last.
+template <class... Interfaces>
+class Counted : public Interfaces... {
+public:
+    STDMETHODIMP_(ULONG) AddRef() final { return ++references_; }
+    STDMETHODIMP_(ULONG) Release() final {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+protected:
+    virtual ~Counted() = default;
+
+private:
+    std::atomic<ULONG> references_{1};
+};
+
 /// Says no to everything that a page without programs does not need, whichever zone it is from.
-class SecurityManager final : public IInternetSecurityManager {
+class SecurityManager final : public Counted<IInternetSecurityManager> {
 public:
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
         *object = nullptr;
@@ -25,12 +43,6 @@ public:
         *object = this;
         AddRef();
         return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
     }
 
     STDMETHODIMP SetSecuritySite(IInternetSecurityMgrSite*) override {
@@ -58,8 +70,6 @@ public:
     }
 
 private:
-    ~SecurityManager() = default;
-
     static bool isForbidden(DWORD action) {
         const auto between = [action](DWORD first, DWORD last) {
             return action >= first && action <= last;
@@ -71,14 +81,9 @@ private:
                action == URLACTION_HTML_META_REFRESH || action == URLACTION_HTML_SUBMIT_FORMS ||
                action == URLACTION_HTML_FONT_DOWNLOAD;
     }
-
-    std::atomic<ULONG> references_{1};
 };
 
-class Site final : public IOleClientSite,
-                   public IDispatch,
-                   public IDocHostUIHandler,
-                   public IServiceProvider {
+class Site final : public Counted<IOleClientSite, IDispatch, IDocHostUIHandler, IServiceProvider> {
 public:
     explicit Site(IOleClientSite* own) : own_(own) {
         own_->QueryInterface(IID_IDispatch,
@@ -100,12 +105,6 @@ public:
         }
         AddRef();
         return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
     }
 
     STDMETHODIMP SaveObject() override { return own_->SaveObject(); }
@@ -193,9 +192,8 @@ public:
     }
 
 private:
-    ~Site() { security_->Release(); }
+    ~Site() override { security_->Release(); }
 
-    std::atomic<ULONG> references_{1};
     ComPtr<IOleClientSite> own_;
     ComPtr<IDispatch> ownProperties_;
     SecurityManager* security_ = new SecurityManager;
