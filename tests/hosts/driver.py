@@ -172,8 +172,8 @@ class Application:
         window.wait_for("active")
         return window
 
-    # Both wait until it has the focus. In what is not on the screen yet a click misses; and if it were
-    # closed before, the window behind it might pass for the one with the focus, and would lose it.
+    # Both wait until it has the focus. In what is not on the screen yet, a click misses; and if it
+    # is closed before, the window behind it may pass for the active one while it is none.
 
     def window(self, name):
         return self._wait(lambda window: _asked(lambda: window.name) == name, f"no window {name!r}")
