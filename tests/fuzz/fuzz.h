@@ -13,13 +13,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 namespace tavisk::fuzz {
 
 /// A promise that an input breaks.
-class Finding : public std::logic_error {
+class BrokenPromise : public std::logic_error {
 public:
     using std::logic_error::logic_error;
 };
 
 inline void require(bool holds, const std::string& promise) {
-    if (!holds) throw Finding(promise);
+    if (!holds) throw BrokenPromise(promise);
 }
 
 inline std::string_view bytesOf(const std::uint8_t* data, std::size_t size) {
