@@ -118,10 +118,7 @@ class Author:
 
     def dialog(self):
         """The one window besides the editor."""
-        found = driver.wait(lambda: next((window for window in self.windows.windows()
-                                          if window.node != self.editor.node), None), "no dialog")
-        found.wait_for("active")
-        return found
+        return self.windows.other_than(self.editor)
 
     def closed(self):
         driver.wait(lambda: len(list(self.windows.windows())) == 1, "the dialog stays open")

@@ -172,7 +172,7 @@ class Application:
         window.wait_for("active")
         return window
 
-    # Both wait until it has the focus. In what is not on the screen yet, a click misses; and if it
+    # These wait until it has the focus. In what is not on the screen yet, a click misses; and if it
     # is closed before, the window behind it may pass for the active one while it is none.
 
     def window(self, name):
@@ -181,6 +181,10 @@ class Application:
     def dialog(self, text):
         """A message box, by what it says."""
         return self._wait(lambda window: window.find_all("label", text), f"no box says {text!r}")
+
+    def other_than(self, known):
+        return self._wait(lambda window: window.node != known.node,
+                          f"no window besides {known.described}")
 
 
 # ---- the X server

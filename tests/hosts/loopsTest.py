@@ -27,9 +27,7 @@ class LoopTest(HostTest):
 
     def open_input_box(self, window):
         window.press_button("Add formula")
-        box = wait(lambda: next((box for box in self.host.application.windows()
-                                 if box.node != window.node), None), "no input box")
-        box.wait_for("active")
+        self.host.application.other_than(window)
 
 
 class Gtk(LoopTest):
