@@ -64,6 +64,12 @@ void requirePlace(const Finding& finding, std::size_t lines) {
     require(finding.place->column.value_or(1) >= 1, "columns count from 1");
 }
 
+Findings withoutPlaces(Findings findings) {
+    for (Finding& finding : findings)
+        finding.place.reset();
+    return findings;
+}
+
 }  // namespace
 }  // namespace tavisk::fuzz
 
@@ -72,7 +78,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view text = fuzz::bytesOf(data, size);
     const dom::Source source = dom::Source::copy(text);
     const Findings findings = checkDocument(source);
-    Findings placed = checkDocument(source, Places::wanted);
+    const Findings placed = checkDocument(source, Places::wanted);
 
     const auto lines = static_cast<std::size_t>(std::ranges::count_if(
                            text, [](char c) { return c == '\n' || c == '\r'; })) +
@@ -84,11 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     fuzz::requireReports(placed);
 
-    fuzz::require(std::ranges::equal(findings, placed,
-                                     [](const Finding& one, const Finding& other) {
-                                         return one.code == other.code && one.key == other.key &&
-                                                one.message == other.message;
-                                     }),
+    fuzz::require(fuzz::withoutPlaces(findings) == fuzz::withoutPlaces(placed),
                   "places change nothing else");
     if (std::ranges::find(findings, Severity::error, &Finding::severity) == findings.end())
         fuzz::requireUsable(text);

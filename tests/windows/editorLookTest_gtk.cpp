@@ -1,8 +1,6 @@
 // How the editor window looks with the user's own letters and theme, which GTK lets a test choose.
-#include <cstdint>
 #include <cstdlib>
 #include <gtk/gtk.h>
-#include <set>
 #include <wx/display.h>
 #include <wx/toolbar.h>
 
@@ -87,24 +85,13 @@ TEST_F(EditorLookTest, IconsFollowTheThemeWhileTheWindowIsOpen) {
 
 /// Whether there is more than one colour where the window is on the screen.
 bool hasInk(const wxWindow& window) {
-    const wxPoint at = window.GetScreenPosition();
-    wxRect place(at, window.GetSize());
+    wxRect place = window.GetScreenRect();
     // What a scrolled panel leaves of it.
     place.Intersect(window.GetParent()->GetScreenRect());
-    GdkPixbuf* const screen = gdk_pixbuf_get_from_window(gdk_get_default_root_window(), place.x,
-                                                         place.y, place.width, place.height);
-    if (!screen) return false;
-    std::set<std::uint32_t> colours;
-    for (int y = 0; y < place.height; ++y) {
-        const guint8* const row =
-            gdk_pixbuf_read_pixels(screen) + y * gdk_pixbuf_get_rowstride(screen);
-        for (int x = 0; x < place.width; ++x) {
-            const guint8* const pixel = row + x * gdk_pixbuf_get_n_channels(screen);
-            colours.insert(pixel[0] * 0x10000U + pixel[1] * 0x100U + pixel[2]);
-        }
-    }
-    g_object_unref(screen);
-    return colours.size() > 1;
+    // The bitmap takes the pixels over.
+    const wxBitmap screen(gdk_pixbuf_get_from_window(gdk_get_default_root_window(), place.x,
+                                                     place.y, place.width, place.height));
+    return screen.IsOk() && screen.ConvertToImage().CountColours(1) > 1;
 }
 
 // All controls are drawn on one surface, where each can paint over the others.

@@ -66,13 +66,10 @@ private:
 /// The product's mark, for the frame around a window and for lists of windows.
 wxIconBundle windowIcons() {
     const std::string svg(iconSvg("tavisk"));
+    const wxBitmapBundle drawing = wxBitmapBundle::FromSVG(svg.c_str(), wxSize(16, 16));
     wxIconBundle icons;
-    for (const int size : {16, 24, 32, 48, 64}) {
-        const wxSize pixels(size, size);
-        wxIcon icon;
-        icon.CopyFromBitmap(wxBitmapBundle::FromSVG(svg.c_str(), pixels).GetBitmap(pixels));
-        icons.AddIcon(icon);
-    }
+    for (const int size : {16, 24, 32, 48, 64})
+        icons.AddIcon(drawing.GetIcon(wxSize(size, size)));
     return icons;
 }
 
