@@ -1,7 +1,7 @@
 // Moving, cutting, copying and pasting nodes, and the keys of the node menu.
 #include <gtest/gtest.h>
-#include <wx/uiaction.h>
 
+#include "windows/support/editorInput.h"
 #include "windows/support/editorStep.h"
 #include "windows/support/treeWindow.h"
 
@@ -293,25 +293,20 @@ TEST(FrmMainMoves, ATextRowCanBeCopiedButNotPasted) {
 
 /// By a real key, with the tree in focus.
 struct FrmMainKeys : testing::Test {
-    void press(int key) {
-        editor.window->Raise();
-        editor.controls().TreeXML->SetFocus();
-        ASSERT_TRUE(test::pumpUntil([this] { return editor.controls().TreeXML->HasFocus(); }));
-        wxUIActionSimulator().Char(key);
-    }
+    FrmMainKeys() { editor.focus(editor.controls().TreeXML); }
 
-    EditorWindow editor{"<a/><b/>"};
+    test::EditorInput editor{"<a/><b/>"};
 };
 
 TEST_F(FrmMainKeys, F2RenamesTheNode) {
     editor.dialogs.expectPrompt(renamePrompt, "Rename Node", "a", "z");
-    press(WXK_F2);
+    editor.press(WXK_F2);
     EXPECT_TRUE(test::pumpUntil([&] { return rows(editor) == "cabinet\n z <\n b\n"; }));
     expectInStep(editor);
 }
 
 TEST_F(FrmMainKeys, DeleteDeletesTheNode) {
-    press(WXK_DELETE);
+    editor.press(WXK_DELETE);
     EXPECT_TRUE(test::pumpUntil([&] { return rows(editor) == "cabinet <\n b\n"; }));
     expectInStep(editor);
 }

@@ -6,6 +6,7 @@
 #include <wx/string.h>
 
 #include "platform/wx/runtime.h"
+#include "windows/support/complaints.h"
 #include "windows/support/limits.h"
 
 namespace {
@@ -22,6 +23,7 @@ int main(int count, char** words) {
     testing::InitGoogleTest(&count, words);
     tavisk::startToolkit();
     wxSetAssertHandler(failOnAssert);
+    tavisk::test::tellComplaintsOnce();
     tavisk::test::skipWhatCannotHold();
     return RUN_ALL_TESTS();
 }

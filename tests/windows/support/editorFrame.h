@@ -1,6 +1,7 @@
 // The editor's controls in a plain frame, without a session behind them.
 #pragma once
 
+#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 #include <wx/button.h>
@@ -13,6 +14,7 @@
 #include "editor/wx/pictureBox.h"
 #include "platform/wx/strings.h"
 #include "windows/support/pump.h"
+#include "windows/support/sizeOnScreen.h"
 
 namespace tavisk::test {
 
@@ -36,7 +38,9 @@ struct EditorFrame {
         const wxWindow& inner = *controls.cmdOK->GetParent();
         const wxSize size = inner.GetSize() + wxSize(width, height) - frame->GetSize();
         frame->SetSize(width, height);
-        pumpUntil([&] { return inner.GetSize() == size; });
+        EXPECT_TRUE(pumpUntil([&] {
+            return hasSizeOnScreen(*frame, wxSize(width, height)) && inner.GetSize() == size;
+        }));
         pumpPending();
     }
 

@@ -1,0 +1,9 @@
+#include <wx/window.h>
+
+#include "windows/support/sizeOnScreen.h"
+
+namespace tavisk::test {
+
+bool hasSizeOnScreen(const wxWindow& window, wxSize size) { return window.GetSize() == size; }
+
+}  // namespace tavisk::test
