@@ -4,37 +4,20 @@
 #include <wx/menu.h>
 
 #include "windows/support/editorStep.h"
-#include "windows/support/editorWindow.h"
+#include "windows/support/panelNames.h"
 #include "windows/support/treeWindow.h"
 
 namespace tavisk {
 namespace {
 
+using test::boxes;
+using test::captions;
 using test::EditorSession;
 using test::EditorWindow;
 using test::expectInStep;
-
-constexpr const char* mismatch = "Type mismatch";
-
-std::vector<wxStaticBox*> frames(const EditorControls& controls) {
-    return {controls.fraFormatting, controls.fraTitle, controls.fraValue, controls.fraEditor,
-            controls.fraGaps};
-}
-
-/// Names of the five frames and of what is directly in them, if they are in this state.
-std::vector<std::string> inFrames(const EditorControls& controls, bool enabled) {
-    std::vector<std::string> names;
-    for (wxStaticBox* frame : frames(controls)) {
-        if (frame->IsThisEnabled() == enabled) names.push_back(utf8Of(frame->GetName()));
-        for (const wxWindow* child : frame->GetChildren()) {
-            if (dynamic_cast<const wxStaticBox*>(child)) continue;
-            if (child->IsThisEnabled() == enabled) names.push_back(utf8Of(child->GetName()));
-        }
-    }
-    return names;
-}
-
-using Names = std::vector<std::string>;
+using test::inFrames;
+using test::Names;
+using test::styles;
 
 Names enabledMenuEntries(const wxFrame& frame) {
     Names names;
@@ -59,35 +42,6 @@ const Names allMenuEntries{"cmdNew", "cmdNewChild", "cmdRename",
                            "cmdDel", "cmdMoveUp",   "cmdMoveDown"};
 const Names allTools{"New Child Node", "Delete", "Move Up",     "Move Down",     "Cut",
                      "Copy",           "Paste",  "Move To Top", "Move To Bottom"};
-
-/// The style boxes that are ticked, by their bits.
-std::vector<int> styles(const EditorControls& controls) {
-    std::vector<int> bits;
-    for (const auto& [bit, box] : controls.chkStyle) {
-        if (box->GetValue()) bits.push_back(bit);
-    }
-    return bits;
-}
-
-/// The other boxes that are ticked.
-Names boxes(const EditorControls& controls) {
-    Names names;
-    for (const wxCheckBox* box : {controls.chkHidden.at(0), controls.chkHidden.at(1),
-                                  controls.chkColumnBreak, controls.chkPageBreak}) {
-        if (box->GetValue()) names.push_back(utf8Of(box->GetName()));
-    }
-    return names;
-}
-
-/// All captions of the panel, in the order of filling.
-Names captions(const EditorControls& controls) {
-    Names texts;
-    for (const auto* labels : {&controls.lblColor, &controls.lblGap, &controls.lblFontSize}) {
-        for (const auto& [index, label] : *labels)
-            texts.push_back(EditorWindow::label(label));
-    }
-    return texts;
-}
 
 bool canType(const EditorControls& controls) { return controls.txtValue->IsEnabled(); }
 
@@ -399,112 +353,6 @@ TEST_F(FrmMainPanel, EventsOfTheUserAreCounted) {
     editor.tick(editor.controls().chkStyle.at(1), true);
     editor.type(u"x");
     EXPECT_EQ(events.handled, 2);
-}
-
-TEST_F(FrmMainPanel, StyleThatIsNoNumberIsReportedAndWhatCameBeforeIsShown) {
-    EditorWindow editor(R"(<a style="1" spacebefore="2" titlefontsize="3" pagebreak="1"/>)"
-                        R"(<b value="`x`" titlecolor="#010203" answercolor="#040506" style="abc")"
-                        R"( spacebefore="7" titlefontsize="8" columnbreak="1"/>)");
-    editor.expectReport(13, mismatch);
-    editor.select("cabinet=>b");
-    const EditorControls& controls = editor.controls();
-    EXPECT_TRUE(editor.dialogs.finished());
-    EXPECT_EQ(editor.label(controls.lblCurrentField), "cabinet=>b");
-    EXPECT_EQ(controls.txtValue->GetValue(), "`x`");
-    EXPECT_EQ(captions(controls),
-              (Names{"Text Color: #010203", "Text Color: #040506", "Gap above: 2", "Gap below: 0",
-                     "Font Size: +3", "Font Size: +0"}));
-    EXPECT_EQ(controls.lblColor.at(0)->GetForegroundColour(), wxColour(1, 2, 3));
-    EXPECT_EQ(controls.lblColor.at(1)->GetForegroundColour(), wxColour(4, 5, 6));
-    EXPECT_EQ(styles(controls), std::vector<int>{1});
-    EXPECT_EQ(boxes(controls), Names{"chkPageBreak"});
-    expectInStep(editor);
-}
-
-TEST_F(FrmMainPanel, WhileTheErrorIsReportedThePanelIsInStepAlready) {
-    EditorWindow editor(R"(<a/><b value="text" style="abc"/>)");
-    std::string shown;
-    editor.expectReport(13, mismatch);
-    editor.dialogs.during([&] { shown = utf8Of(editor.controls().txtValue->GetValue()); });
-    editor.select("cabinet=>b");
-    EXPECT_EQ(shown, "text");
-}
-
-TEST_F(FrmMainPanel, AfterAnErrorTheWindowIsUsableAndTheNextSelectionFillsIt) {
-    EditorWindow editor(R"(<a/><b style="abc"/><c style="2" spaceafter="4"/>)");
-    editor.expectReport(13, mismatch);
-    editor.select("cabinet=>b");
-    EXPECT_TRUE(editor.window->IsShown());
-    EXPECT_EQ(inFrames(editor.controls(), false), Names{});
-    editor.type(u"typed");
-    EXPECT_EQ(editor.current(), R"(<b style="abc" value="typed"/>)");
-    editor.select("cabinet=>c");
-    EXPECT_EQ(styles(editor.controls()), std::vector<int>{2});
-    EXPECT_EQ(editor.label(editor.controls().lblGap.at(1)), "Gap below: 4");
-    editor.tick(editor.controls().chkStyle.at(1), true);
-    EXPECT_EQ(editor.current(), R"(<c style="3" spaceafter="4" value=""/>)");
-}
-
-TEST_F(FrmMainPanel, AfterAnErrorStyleBoxesIgnoreClicksUntilASelectionIsComplete) {
-    EditorWindow editor(R"(<a/><b style="abc"/>)");
-    editor.expectReport(13, mismatch);
-    editor.select("cabinet=>b");
-    editor.tick(editor.controls().chkStyle.at(4), true);
-    editor.tick(editor.controls().chkHidden.at(0), true);
-    EXPECT_EQ(editor.current(), R"(<b style="abc" titlehidden="1"/>)");
-    EXPECT_EQ(styles(editor.controls()), std::vector<int>{4});
-    expectInStep(editor);
-}
-
-TEST_F(FrmMainPanel, StyleBeyond32BitsIsReported) {
-    EditorWindow editor(R"(<a/><b style="2147483648"/>)");
-    editor.expectReport(6, "Overflow");
-    editor.select("cabinet=>b");
-    EXPECT_EQ(editor.current(), R"(<b style="2147483648"/>)");
-    expectInStep(editor);
-}
-
-TEST_F(FrmMainPanel, TextThatIsTooLongIsShownAndReportedAndLost) {
-    std::string value;
-    while (value.size() < 32768)
-        value += "xxxxxxx ";  // laying out one long word takes this toolkit seconds
-    EditorWindow editor(R"(<a style="1"/><b style="2" value=")" + value + "\"/><c/>");
-    editor.expectReport(6, "Overflow");
-    editor.select("cabinet=>b");
-    EXPECT_EQ(editor.controls().txtValue->GetValue(), value);
-    EXPECT_EQ(styles(editor.controls()), std::vector<int>{1});
-    EXPECT_EQ(editor.current(), R"(<b style="2" value=")" + value + "\"/>");
-    expectInStep(editor);
-    editor.select("cabinet=>c");
-    EXPECT_EQ(editor.controls().txtValue->GetValue(), "");
-    EXPECT_EQ(editor.current(), R"(<c value=""/>)");
-}
-
-TEST_F(FrmMainPanel, RowWhoseNamesLeadNowhereIsReportedAndNothingCanBeWritten) {
-    EditorWindow editor("<a><x/></a><a><y/></a>");
-    dom::Node& lost = *editor.session().baseXMLNode->lastChild()->firstChild();
-    editor.expectReport(91, "Object variable or With block variable not set");
-    editor.controls().TreeXML->choose(lost);
-    test::pumpPending();
-    EXPECT_EQ(editor.label(editor.controls().lblCurrentField), "cabinet=>a=>y");
-    editor.type(u"typed");
-    editor.click(editor.controls().cmdChangeFont.at(2));
-    EXPECT_EQ(editor.tree(), "<cabinet><a><x/></a><a><y/></a></cabinet>");
-    expectInStep(editor);
-    editor.select("cabinet=>a");
-    EXPECT_EQ(editor.current(), R"(<a value=""><x/></a>)");
-}
-
-TEST_F(FrmMainPanel, TextRowIsReportedWhenItCannotTakeTheEmptyText) {
-    EditorWindow editor(R"(<a value="text"/>words)");
-    dom::Node& words = *editor.session().baseXMLNode->lastChild();
-    editor.expectReport(91, "Object variable or With block variable not set");
-    editor.controls().TreeXML->choose(words);
-    test::pumpPending();
-    EXPECT_EQ(editor.tree(), R"(<cabinet><a value="text"/>words</cabinet>)");
-    expectInStep(editor);
-    editor.select("cabinet=>a");
-    EXPECT_EQ(editor.controls().txtValue->GetValue(), "text");
 }
 
 }  // namespace
