@@ -7,14 +7,13 @@ tools/withDisplay.sh.
                                        editor.png for the README
 """
 
-import argparse
 import shutil
 import subprocess
 import sys
 import tempfile
 from pathlib import Path
 
-from tour import PREVIEW, ROOT, TITLE, driver, key_of, look
+from tour import PREVIEW, ROOT, TITLE, arguments_of, driver, key_of, look
 
 MARK = "#D9480F"
 AROUND = 4
@@ -254,12 +253,7 @@ def leave(author, book):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
-    parser.add_argument("build", type=Path)
-    parser.add_argument("document", type=Path)
-    parser.add_argument("out", type=Path)
-    arguments = parser.parse_args()
-    arguments.out.mkdir(parents=True, exist_ok=True)
+    arguments = arguments_of(__doc__)
     with tempfile.TemporaryDirectory() as folder:
         copy = Path(folder) / arguments.document.name
         shutil.copyfile(arguments.document, copy)

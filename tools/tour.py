@@ -92,13 +92,18 @@ def key_of(editor):
     return " ".join(label.name for label in editor.find_all("label") if label.name)
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
+def arguments_of(about):
+    parser = argparse.ArgumentParser(description=about.split("\n\n")[0])
     parser.add_argument("build", type=Path)
     parser.add_argument("document", type=Path)
     parser.add_argument("out", type=Path)
     arguments = parser.parse_args()
     arguments.out.mkdir(parents=True, exist_ok=True)
+    return arguments
+
+
+def main():
+    arguments = arguments_of(__doc__)
     copy = arguments.out / arguments.document.name
     shutil.copyfile(arguments.document, copy)
     with subprocess.Popen([arguments.build / "tavisk", "edit", copy]) as process:

@@ -9,9 +9,7 @@
 namespace tavisk {
 namespace {
 
-constexpr bool isAllowed(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || isDigit(c) || c == ' ' || c == '-';
-}
+constexpr bool isAllowed(char c) { return isLetter(c) || isDigit(c) || c == ' ' || c == '-'; }
 
 /// The index that matches is a 16-bit counter: 32,767 can still match, and going on from there
 /// overflows.

@@ -1,5 +1,6 @@
 #include "editor/formatting.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -18,20 +19,14 @@ void appendHex(std::string& out, std::int32_t component) {
     out += digits[shown % 16];
 }
 
-int digitValue(char16_t digit) noexcept {
-    if (digit >= u'0' && digit <= u'9') return digit - u'0';
-    if (digit >= u'A' && digit <= u'F') return digit - u'A' + 10;
-    if (digit >= u'a' && digit <= u'f') return digit - u'a' + 10;
-    return 0;
-}
-
-/// The accumulator is added again at every digit; each step is 16-bit arithmetic of its own.
+/// What is no digit counts as 0. The accumulator is added again at every digit; each step is 16-bit
+/// arithmetic of its own.
 int hexValue(std::u16string_view digits, int accumulator) {
     int value = accumulator;
     bool first = true;
     for (const char16_t digit : digits) {
         const int base = first ? accumulator : floor16(floor16(value * 16.0) + accumulator);
-        value = floor16(base + digitValue(digit));
+        value = floor16(base + std::max(hexDigit(digit), 0));
         first = false;
     }
     return value;

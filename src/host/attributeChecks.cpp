@@ -9,8 +9,6 @@
 namespace tavisk {
 namespace {
 
-bool isHexDigit(char c) { return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
-
 bool isDigits(std::string_view text) { return !text.empty() && std::ranges::all_of(text, isDigit); }
 
 bool isWholeNumber(std::string_view text) {
@@ -58,7 +56,7 @@ std::optional<Problem> checkFlag(std::string_view text) {
 
 std::optional<Problem> checkColour(std::string_view text) {
     if (text.size() == 7 && text.front() == '#' &&
-        std::ranges::all_of(text.substr(1), isHexDigit)) {
+        std::ranges::all_of(text.substr(1), [](char c) { return hexDigit(c) >= 0; })) {
         return std::nullopt;
     }
     return Problem{Severity::warning, "bad-colour",

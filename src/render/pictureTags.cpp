@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/addressText.h"
 #include "platform/text.h"
 
 namespace tavisk {
@@ -56,38 +57,15 @@ std::optional<Range> findSource(std::string_view html, std::size_t& at) {
     return source;
 }
 
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
 /// "http" for "http://..."; empty where there is none. One letter is a drive.
 std::string schemeOf(std::string_view address) {
     const std::size_t colon = address.find(':');
     if (colon == none || colon < 2 || !isLetter(address.front())) return {};
     const std::string_view scheme = address.substr(0, colon);
     const bool all = std::ranges::all_of(scheme, [](char c) {
-        return isLetter(c) || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';
+        return isLetter(c) || isDigit(c) || c == '+' || c == '-' || c == '.';
     });
     return all ? lowerAscii(scheme) : std::string();
-}
-
-int hexDigit(char c) {
-    if (c >= '0' && c <= '9') return c - '0';
-    const char lower = static_cast<char>(c | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
-std::string withoutEscapes(std::string_view address) {
-    std::string text;
-    for (std::size_t i = 0; i < address.size(); ++i) {
-        const bool escape = address[i] == '%' && i + 2 < address.size() &&
-                            hexDigit(address[i + 1]) >= 0 && hexDigit(address[i + 2]) >= 0;
-        if (escape) {
-            text += static_cast<char>(hexDigit(address[i + 1]) * 16 + hexDigit(address[i + 2]));
-            i += 2;
-        } else {
-            text += address[i];
-        }
-    }
-    return text;
 }
 
 }  // namespace
@@ -128,7 +106,7 @@ std::optional<std::string> localFile(std::string_view address) {
     } else if (!scheme.empty() || address.starts_with("//")) {
         return std::nullopt;
     }
-    return withoutEscapes(address.substr(0, address.find_first_of("?#")));
+    return unescaped(address.substr(0, address.find_first_of("?#")));
 }
 
 }  // namespace tavisk
