@@ -12,7 +12,15 @@ if [ -z "${TAVISK_INSIDE_DISPLAY:-}" ]; then
     XDG_RUNTIME_DIR=$(mktemp -d)
     export XDG_RUNTIME_DIR XAUTHORITY=$XDG_RUNTIME_DIR/authority
     server=
-    trap '[ -z "$server" ] || kill "$server" 2> /dev/null || true; rm -rf "$XDG_RUNTIME_DIR"' EXIT
+    clean_up() {
+        [ -z "$server" ] || kill "$server" 2> /dev/null || true
+        # What the command leaves running for a moment can still write there.
+        for _ in {1..50}; do
+            rm -rf "$XDG_RUNTIME_DIR" 2> /dev/null && break
+            sleep 0.1
+        done
+    }
+    trap clean_up EXIT
     (umask 077 && : > "$XAUTHORITY")
     cookie=$(mcookie)
     xauth -q add :0 . "$cookie"

@@ -98,9 +98,7 @@ class Commands(unittest.TestCase):
             return process.returncode, out.read().decode()
 
     def run_document(self, document):
-        temporary = tempfile.TemporaryDirectory(prefix="tavisk-docs-")
-        self.addCleanup(temporary.cleanup)
-        folder = Path(temporary.name) / "tavisk"
+        folder = driver.temporary_folder(self) / "tavisk"
         for name in COPIED:
             shutil.copytree(ROOT / name, folder / name)
         (folder.parent / "home").mkdir()

@@ -4,9 +4,13 @@ mouse does: through the accessibility bus by role and name, and through the X se
 Waiting is for events of the bus; the deadline is only there so that a failing test ends.
 """
 
+import os
 import re
+import shutil
 import subprocess
+import tempfile
 import time
+from pathlib import Path
 
 import gi
 
@@ -51,6 +55,19 @@ def wait(condition, what):
             context.iteration(True)
     finally:
         GLib.source_remove(again)
+
+
+def temporary_folder(test):
+    """A folder that goes with the test, when what a browser engine leaves running for a moment no
+    longer writes in it."""
+    folder = Path(os.path.realpath(tempfile.mkdtemp(prefix="tavisk-")))
+
+    def is_removed():
+        shutil.rmtree(folder, ignore_errors=True)
+        return not folder.exists()
+
+    test.addCleanup(wait, is_removed, f"{folder} cannot be removed")
+    return folder
 
 
 def _asked(question, otherwise=None):

@@ -6,11 +6,11 @@ import select
 import shutil
 import subprocess
 import sys
-import tempfile
 import unittest
 from pathlib import Path
 
-from driver import DEADLINE_SECONDS, Application, describe_all, visible_x_windows, wait
+from driver import (DEADLINE_SECONDS, Application, describe_all, temporary_folder,
+                    visible_x_windows, wait)
 
 HOSTS = Path(os.environ["TAVISK_HOSTS"])  # folder of the host programs
 LIBRARY = Path(os.environ["TAVISK_LIBRARY"])
@@ -100,9 +100,7 @@ class HostTest(unittest.TestCase):
     LEAKS = False
 
     def setUp(self):
-        temporary = tempfile.TemporaryDirectory(prefix="tavisk-")
-        self.addCleanup(temporary.cleanup)
-        self.folder = Path(os.path.realpath(temporary.name))
+        self.folder = temporary_folder(self)
         self.component = self.folder / "component"
         self.component.mkdir()
         for name in (LIBRARY.name, "cabinet.png", "style.css"):
