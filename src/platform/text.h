@@ -24,18 +24,19 @@ void checkTextLength(std::string_view utf8);
 constexpr bool isBlank(char c) noexcept { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
 /// 0 to 9.
-constexpr bool isDigit(char32_t c) noexcept { return c >= '0' && c <= '9'; }
+constexpr bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 
 /// A to Z and a to z.
-constexpr bool isLetter(char32_t c) noexcept {
+constexpr bool isLetter(char c) noexcept {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
 /// The value of a hexadecimal digit of either case; -1 for anything else.
-constexpr int hexDigit(char32_t c) noexcept {
-    if (isDigit(c)) return static_cast<int>(c - '0');
-    if (c >= 'A' && c <= 'F') return static_cast<int>(c - 'A') + 10;
-    return c >= 'a' && c <= 'f' ? static_cast<int>(c - 'a') + 10 : -1;
+template <class Character>
+constexpr int hexDigit(Character c) noexcept {
+    if (c >= '0' && c <= '9') return c - '0';
+    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
 }
 
 bool isAscii(std::string_view text) noexcept;
