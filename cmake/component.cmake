@@ -8,7 +8,7 @@ add_custom_command(
           "-DICONS=${icons}" -P ${CMAKE_SOURCE_DIR}/tools/embedIcons.cmake
   DEPENDS ${icons} ${CMAKE_SOURCE_DIR}/tools/embedIcons.cmake VERBATIM)
 
-sources_of(window_sources src/platform/wx/*.cpp src/render/wx/*.cpp src/editor/wx/*.cpp)
+sources_of(window_sources src/ui/*/*.cpp)
 add_library(tavisk_windows STATIC ${window_sources} ${CMAKE_BINARY_DIR}/iconData.cpp)
 separate_arguments(wx_flags UNIX_COMMAND "${wxWidgets_CXX_FLAGS}")
 target_compile_options(tavisk_windows PUBLIC ${wx_flags})

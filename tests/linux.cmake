@@ -7,7 +7,7 @@ add_test(NAME tools.checkLayers
 
 add_subdirectory(browser)
 if(TAVISK_WINDOWS)
-  add_subdirectory(windows)
+  add_subdirectory(ui)
   add_subdirectory(hosts)
   add_subdirectory(install)
   add_subdirectory(examples)

@@ -7,7 +7,7 @@ if(TAVISK_WINDOWS)
   add_test(NAME windows.exportsOfLibrary
     COMMAND ${CMAKE_SOURCE_DIR}/tools/windows/checkExports.sh
             ${CMAKE_SOURCE_DIR}/src/component/Tavisk.def $<TARGET_FILE:tavisk_component>)
-  add_subdirectory(windows)
+  add_subdirectory(ui)
   if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/com/CMakeLists.txt)
     add_subdirectory(com)
   endif()

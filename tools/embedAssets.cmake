@@ -7,7 +7,7 @@ endfunction()
 
 bytes_of(${ASSETS}/cabinet.png picture)
 bytes_of(${ASSETS}/style.css style)
-file(WRITE ${OUT} "#include \"platform/assets.h\"
+file(WRITE ${OUT} "#include \"base/assets.h\"
 
 namespace tavisk {
 namespace {

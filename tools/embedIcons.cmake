@@ -5,7 +5,7 @@ foreach(file ${ICONS})
   file(READ ${file} svg)
   string(APPEND entries "    {\"${name}\", R\"svg(${svg})svg\"},\n")
 endforeach()
-file(WRITE ${OUT} "#include \"platform/wx/iconSvg.h\"
+file(WRITE ${OUT} "#include \"ui/toolkit/iconSvg.h\"
 
 namespace tavisk {
 namespace {

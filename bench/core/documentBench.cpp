@@ -4,12 +4,12 @@
 #include <string>
 #include <string_view>
 
+#include "base/files.h"
 #include "loaded.h"
-#include "platform/files.h"
-#include "platform/xmlReader.h"
-#include "platform/xmlWriter.h"
-#include "render/nodeParse.h"
-#include "render/pageLayout.h"
+#include "page/nodeParse.h"
+#include "page/pageLayout.h"
+#include "xml/xmlReader.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk::bench {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "document/nodeKeys.h"
 #include "loaded.h"
-#include "platform/xmlReader.h"
+#include "xml/xmlReader.h"
 
 namespace tavisk::bench {
 namespace {

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/assets.h"
 #include "editor/helpSession.h"
 #include "makeDocument.h"
-#include "platform/assets.h"
 #include "support/memoryFiles.h"
 
 namespace tavisk::bench {

@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "base/base64.h"
+#include "base/text.h"
 #include "editor/answerText.h"
 #include "formulas/formulaparse.h"
 #include "loaded.h"
-#include "platform/base64.h"
-#include "platform/text.h"
 
 namespace tavisk::bench {
 namespace {

@@ -7,10 +7,10 @@
 #include <wx/frame.h>
 
 #include "editor/answerText.h"
-#include "editor/wx/answerBox.h"
 #include "loaded.h"
 #include "typing.h"
-#include "windows/support/pump.h"
+#include "ui/editor/answerBox.h"
+#include "ui/support/pump.h"
 
 namespace tavisk::bench {
 namespace {

@@ -5,12 +5,12 @@
 
 #include "document/nodeKeys.h"
 #include "editor/nodeCommands.h"
-#include "editor/wx/answerBox.h"
-#include "editor/wx/frmMain.h"
-#include "editor/wx/helpTree.h"
 #include "loaded.h"
 #include "typing.h"
-#include "windows/support/pump.h"
+#include "ui/editor/answerBox.h"
+#include "ui/editor/frmMain.h"
+#include "ui/editor/helpTree.h"
+#include "ui/support/pump.h"
 
 namespace tavisk::bench {
 namespace {

@@ -1,7 +1,7 @@
 // Starts the toolkit as in a host, and the benchmarks in it.
 #include <benchmark/benchmark.h>
 
-#include "platform/wx/runtime.h"
+#include "ui/toolkit/runtime.h"
 
 int main(int count, char** words) {
     benchmark::Initialize(&count, words);

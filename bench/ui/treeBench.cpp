@@ -7,10 +7,10 @@
 
 #include "document/nodeKeys.h"
 #include "editor/nodeOperations.h"
-#include "editor/wx/helpTree.h"
 #include "loaded.h"
 #include "typing.h"
-#include "windows/support/pump.h"
+#include "ui/editor/helpTree.h"
+#include "ui/support/pump.h"
 
 namespace tavisk::bench {
 namespace {

@@ -1,6 +1,6 @@
-#include "platform/addressText.h"
+#include "base/addressText.h"
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

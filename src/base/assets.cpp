@@ -1,4 +1,4 @@
-#include "platform/assets.h"
+#include "base/assets.h"
 
 namespace tavisk {
 

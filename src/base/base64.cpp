@@ -1,10 +1,10 @@
-#include "platform/base64.h"
+#include "base/base64.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

@@ -1,9 +1,9 @@
-#include "platform/codePage1252.h"
+#include "base/codePage1252.h"
 
 #include <array>
 
-#include "platform/error.h"
-#include "platform/text.h"
+#include "base/error.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/message.h"
+#include "base/message.h"
 
 namespace tavisk {
 

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace tavisk::fileSystem {
 

@@ -1,4 +1,4 @@
-#include "platform/files.h"
+#include "base/files.h"
 
 #include <algorithm>
 #include <atomic>
@@ -8,8 +8,8 @@
 #include <utility>
 #include <variant>
 
-#include "platform/error.h"
-#include "platform/fileSystem.h"
+#include "base/error.h"
+#include "base/fileSystem.h"
 
 namespace tavisk {
 namespace {

@@ -6,7 +6,7 @@
 #include <unistd.h>
 #include <utility>
 
-#include "platform/fileSystem.h"
+#include "base/fileSystem.h"
 
 namespace tavisk::fileSystem {
 namespace {

@@ -3,8 +3,8 @@
 #include <utility>
 #include <windows.h>
 
-#include "platform/fileSystem.h"
-#include "platform/wideText_windows.h"
+#include "base/fileSystem.h"
+#include "base/wideText_windows.h"
 
 namespace tavisk::fileSystem {
 namespace {

@@ -1,11 +1,11 @@
-#include "platform/folder.h"
+#include "base/folder.h"
 
 #include <filesystem>
 #include <system_error>
 
-#include "platform/assets.h"
-#include "platform/paths.h"
-#include "platform/places.h"
+#include "base/assets.h"
+#include "base/paths.h"
+#include "base/places.h"
 
 namespace tavisk {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/error.h"
-#include "platform/files.h"
+#include "base/error.h"
+#include "base/files.h"
 
 namespace tavisk {
 

@@ -1,10 +1,10 @@
-#include "platform/places.h"
+#include "base/places.h"
 
 #include <cstdlib>
 #include <dlfcn.h>
 #include <unistd.h>
 
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace tavisk {
 namespace {

@@ -1,11 +1,11 @@
-#include "platform/places.h"
+#include "base/places.h"
 
 #include <memory>
 #include <shlobj.h>
 #include <string>
 #include <windows.h>
 
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace tavisk {
 namespace {

@@ -1,10 +1,10 @@
-#include "platform/wideText_windows.h"
+#include "base/wideText_windows.h"
 
 #include <algorithm>
 #include <windows.h>
 
-#include "platform/error.h"
-#include "platform/text.h"
+#include "base/error.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

@@ -1,10 +1,10 @@
-#include "host/attributeChecks.h"
+#include "check/attributeChecks.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "platform/error.h"
-#include "platform/text.h"
+#include "base/error.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

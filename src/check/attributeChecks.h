@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/finding.h"
+#include "check/finding.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "host/check.h"
+#include "check/check.h"
 
 #include <algorithm>
 #include <iterator>
@@ -7,14 +7,14 @@
 #include <utility>
 #include <variant>
 
+#include "base/text.h"
+#include "check/nodeChecks.h"
+#include "check/plainPage.h"
+#include "check/rehearsal.h"
+#include "check/sourcePlaces.h"
+#include "check/storeChecks.h"
+#include "check/tokenNames.h"
 #include "document/helpDocument.h"
-#include "host/nodeChecks.h"
-#include "host/plainPage.h"
-#include "host/rehearsal.h"
-#include "host/sourcePlaces.h"
-#include "host/storeChecks.h"
-#include "host/tokenNames.h"
-#include "platform/text.h"
 
 namespace tavisk {
 namespace {

@@ -1,9 +1,9 @@
 // Everything that an author wants to know about a document before it goes out.
 #pragma once
 
-#include "host/finding.h"
-#include "platform/dom.h"
-#include "platform/message.h"
+#include "base/message.h"
+#include "check/finding.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "host/finding.h"
+#include "check/finding.h"
 
 #include <algorithm>
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

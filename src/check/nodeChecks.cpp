@@ -1,4 +1,4 @@
-#include "host/nodeChecks.h"
+#include "check/nodeChecks.h"
 
 #include <algorithm>
 #include <array>
@@ -7,11 +7,11 @@
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
+#include "check/attributeChecks.h"
+#include "check/textChecks.h"
 #include "document/helpNames.h"
 #include "document/nodeKeys.h"
-#include "host/attributeChecks.h"
-#include "host/textChecks.h"
-#include "platform/text.h"
 
 namespace tavisk {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <unordered_set>
 
-#include "host/finding.h"
-#include "host/tokenNames.h"
-#include "platform/dom.h"
+#include "check/finding.h"
+#include "check/tokenNames.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

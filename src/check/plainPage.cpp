@@ -1,13 +1,13 @@
-#include "host/plainPage.h"
+#include "check/plainPage.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <string_view>
 
+#include "base/codePage1252.h"
+#include "base/text.h"
 #include "document/xmlParse.h"
-#include "platform/codePage1252.h"
-#include "platform/text.h"
 
 namespace tavisk {
 namespace {

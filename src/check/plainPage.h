@@ -1,8 +1,8 @@
 // Whether it can be seen without making a page that it can be made.
 #pragma once
 
-#include "host/tokenNames.h"
-#include "platform/dom.h"
+#include "check/tokenNames.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

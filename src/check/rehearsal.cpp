@@ -1,17 +1,17 @@
-#include "host/rehearsal.h"
+#include "check/rehearsal.h"
 
 #include <optional>
 #include <string>
 #include <utility>
 
+#include "base/noFiles.h"
+#include "check/textChecks.h"
 #include "document/nodeKeys.h"
 #include "document/xmlParse.h"
 #include "editor/helpSession.h"
 #include "formulas/formulaCatalogue.h"
-#include "host/noFiles.h"
-#include "host/textChecks.h"
-#include "render/nodeParse.h"
-#include "render/pageLayout.h"
+#include "page/nodeParse.h"
+#include "page/pageLayout.h"
 
 namespace tavisk {
 namespace {

@@ -4,10 +4,10 @@
 #include <optional>
 #include <string_view>
 
+#include "base/error.h"
+#include "check/finding.h"
+#include "check/nodeChecks.h"
 #include "document/helpDocument.h"
-#include "host/finding.h"
-#include "host/nodeChecks.h"
-#include "platform/error.h"
 
 namespace tavisk {
 

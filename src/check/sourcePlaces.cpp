@@ -1,9 +1,9 @@
-#include "host/sourcePlaces.h"
+#include "check/sourcePlaces.h"
 
 #include <algorithm>
 #include <charconv>
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

@@ -7,8 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/finding.h"
-#include "platform/dom.h"
+#include "check/finding.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

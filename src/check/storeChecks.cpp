@@ -1,16 +1,16 @@
-#include "host/storeChecks.h"
+#include "check/storeChecks.h"
 
 #include <algorithm>
 #include <string>
 #include <unordered_set>
 #include <utility>
 
+#include "base/error.h"
+#include "base/text.h"
+#include "check/attributeChecks.h"
 #include "document/xmlParse.h"
-#include "host/attributeChecks.h"
-#include "platform/domTyped.h"
-#include "platform/error.h"
-#include "platform/text.h"
-#include "render/imageStore.h"
+#include "page/imageStore.h"
+#include "xml/domTyped.h"
 
 namespace tavisk {
 namespace {

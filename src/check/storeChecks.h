@@ -1,8 +1,8 @@
 // What is wrong with the formulas and pictures of a document.
 #pragma once
 
-#include "host/finding.h"
-#include "host/tokenNames.h"
+#include "check/finding.h"
+#include "check/tokenNames.h"
 
 namespace tavisk {
 

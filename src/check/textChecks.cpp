@@ -1,9 +1,9 @@
-#include "host/textChecks.h"
+#include "check/textChecks.h"
 
 #include <algorithm>
 
-#include "platform/codePage1252.h"
-#include "platform/text.h"
+#include "base/codePage1252.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
+#include "check/attributeChecks.h"
+#include "check/tokenNames.h"
 #include "formulas/tokens.h"
-#include "host/attributeChecks.h"
-#include "host/tokenNames.h"
 
 namespace tavisk {
 

@@ -5,7 +5,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "host/checkMany.h"
+#include "command/checkMany.h"
 
 #include <algorithm>
 #include <memory>
@@ -6,16 +6,16 @@
 #include <utility>
 #include <variant>
 
-#include "host/check.h"
-#include "host/checkReport.h"
-#include "host/complaint.h"
-#include "host/inOrder.h"
-#include "host/input.h"
-#include "host/jobs.h"
-#include "host/memory.h"
-#include "host/output.h"
-#include "host/progress.h"
-#include "host/sarifReport.h"
+#include "check/check.h"
+#include "command/checkReport.h"
+#include "command/complaint.h"
+#include "command/inOrder.h"
+#include "command/input.h"
+#include "command/jobs.h"
+#include "command/memory.h"
+#include "command/output.h"
+#include "command/progress.h"
+#include "command/sarifReport.h"
 
 namespace tavisk {
 namespace {

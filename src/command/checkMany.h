@@ -1,8 +1,8 @@
 // `tavisk check` for several documents, and for reports that are the same for one and for several.
 #pragma once
 
-#include "host/commandLine.h"
-#include "host/commands.h"
+#include "command/commandLine.h"
+#include "command/commands.h"
 
 namespace tavisk {
 

@@ -1,7 +1,7 @@
-#include "host/checkReport.h"
+#include "command/checkReport.h"
 
-#include "host/reportText.h"
-#include "host/summary.h"
+#include "command/reportText.h"
+#include "command/summary.h"
 
 namespace tavisk {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/finding.h"
-#include "platform/error.h"
+#include "base/error.h"
+#include "check/finding.h"
 
 namespace tavisk {
 

@@ -1,12 +1,12 @@
-#include "host/commandLine.h"
+#include "command/commandLine.h"
 
 #include <algorithm>
 #include <array>
 #include <map>
 #include <string_view>
 
-#include "host/documentName.h"
-#include "platform/text.h"
+#include "base/text.h"
+#include "command/documentName.h"
 
 namespace tavisk {
 namespace {

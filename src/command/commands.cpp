@@ -1,4 +1,4 @@
-#include "host/commands.h"
+#include "command/commands.h"
 
 #include <filesystem>
 #include <optional>
@@ -7,31 +7,31 @@
 #include <utility>
 #include <variant>
 
+#include "base/error.h"
+#include "base/noFiles.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "check/check.h"
+#include "command/checkMany.h"
+#include "command/checkReport.h"
+#include "command/commandLine.h"
+#include "command/complaint.h"
+#include "command/documentName.h"
+#include "command/editResult.h"
+#include "command/fileError.h"
+#include "command/helpText.h"
+#include "command/input.h"
+#include "command/loadedComponent.h"
+#include "command/output.h"
+#include "command/progress.h"
+#include "command/renderMany.h"
+#include "command/rendering.h"
+#include "command/terminal.h"
 #include "document/helpDocument.h"
 #include "document/nodeKeys.h"
 #include "editor/helpSession.h"
 #include "editor/nodePanel.h"
-#include "host/check.h"
-#include "host/checkMany.h"
-#include "host/checkReport.h"
-#include "host/commandLine.h"
-#include "host/complaint.h"
-#include "host/component.h"
-#include "host/documentName.h"
-#include "host/editResult.h"
-#include "host/fileError.h"
-#include "host/helpText.h"
-#include "host/input.h"
-#include "host/noFiles.h"
-#include "host/output.h"
-#include "host/progress.h"
-#include "host/renderMany.h"
-#include "host/rendering.h"
-#include "host/terminal.h"
-#include "platform/error.h"
-#include "platform/paths.h"
-#include "platform/text.h"
-#include "platform/xmlWriter.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 namespace {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "host/streams.h"
+#include "command/streams.h"
 
 namespace tavisk {
 

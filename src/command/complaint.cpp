@@ -1,9 +1,9 @@
-#include "host/complaint.h"
+#include "command/complaint.h"
 
-#include "host/check.h"
-#include "host/fileError.h"
-#include "host/finding.h"
-#include "host/reportText.h"
+#include "check/check.h"
+#include "check/finding.h"
+#include "command/fileError.h"
+#include "command/reportText.h"
 
 namespace tavisk {
 namespace {

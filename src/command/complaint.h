@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/error.h"
-#include "platform/message.h"
+#include "base/error.h"
+#include "base/message.h"
 
 namespace tavisk {
 

@@ -1,6 +1,6 @@
-#include "host/documentName.h"
+#include "command/documentName.h"
 
-#include "platform/paths.h"
+#include "base/paths.h"
 
 namespace tavisk {
 

@@ -1,12 +1,12 @@
-#include "host/editResult.h"
+#include "command/editResult.h"
 
 #include <filesystem>
 #include <system_error>
 
+#include "base/noFiles.h"
+#include "base/paths.h"
+#include "command/documentName.h"
 #include "editor/helpSession.h"
-#include "host/documentName.h"
-#include "host/noFiles.h"
-#include "platform/paths.h"
 
 namespace tavisk {
 

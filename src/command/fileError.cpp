@@ -1,4 +1,4 @@
-#include "host/fileError.h"
+#include "command/fileError.h"
 
 #include <exception>
 

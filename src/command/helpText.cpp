@@ -1,4 +1,4 @@
-#include "host/helpText.h"
+#include "command/helpText.h"
 
 namespace tavisk {
 namespace {

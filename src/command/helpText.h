@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "host/commandLine.h"
+#include "command/commandLine.h"
 
 namespace tavisk {
 

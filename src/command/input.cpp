@@ -1,4 +1,4 @@
-#include "host/input.h"
+#include "command/input.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -12,11 +12,11 @@
 #include <string_view>
 #include <utility>
 
-#include "host/fileError.h"
-#include "host/mappedInput.h"
-#include "host/openInput.h"
-#include "platform/paths.h"
-#include "platform/text.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "command/fileError.h"
+#include "command/mappedInput.h"
+#include "command/openInput.h"
 
 namespace tavisk {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 #include <variant>
 
-#include "platform/dom.h"
-#include "platform/message.h"
+#include "base/message.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <thread>
 
-#include "host/commandLine.h"
+#include "command/commandLine.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "host/library.h"
+#include "command/library.h"
 
 #include <dlfcn.h>
 #include <system_error>

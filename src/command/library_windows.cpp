@@ -1,10 +1,10 @@
-#include "host/library.h"
+#include "command/library.h"
 
 #include <memory>
 #include <windows.h>
 
-#include "platform/places.h"
-#include "platform/wideText_windows.h"
+#include "base/places.h"
+#include "base/wideText_windows.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "host/component.h"
+#include "command/loadedComponent.h"
 
 #include <filesystem>
 #include <memory>
@@ -6,8 +6,8 @@
 #include <tavisk/tavisk.h>
 #include <type_traits>
 
-#include "host/library.h"
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "command/library.h"
 
 namespace tavisk {
 namespace {

@@ -2,9 +2,9 @@
 #include <string>
 #include <vector>
 
-#include "host/commands.h"
-#include "host/mappedInput.h"
-#include "host/terminal.h"
+#include "command/commands.h"
+#include "command/mappedInput.h"
+#include "command/terminal.h"
 
 int main(int count, char** words) {
     try {

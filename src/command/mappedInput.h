@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "host/mappedInput.h"
+#include "command/mappedInput.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "host/memory.h"
+#include "command/memory.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "host/openInput.h"
+#include "command/openInput.h"
 
 namespace tavisk {
 

@@ -1,6 +1,6 @@
-#include "host/openInput.h"
+#include "command/openInput.h"
 
-#include "platform/wideText_windows.h"
+#include "base/wideText_windows.h"
 
 namespace tavisk {
 

@@ -1,11 +1,11 @@
-#include "host/output.h"
+#include "command/output.h"
 
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
 
-#include "host/fileError.h"
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "command/fileError.h"
 
 namespace tavisk {
 

@@ -1,10 +1,10 @@
-#include "host/output.h"
+#include "command/output.h"
 
 #include <filesystem>
 #include <system_error>
 
-#include "host/fileError.h"
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "command/fileError.h"
 
 namespace tavisk {
 

@@ -1,8 +1,8 @@
-#include "host/output.h"
+#include "command/output.h"
 
-#include "host/fileError.h"
-#include "platform/paths.h"
-#include "platform/wideText_windows.h"
+#include "base/paths.h"
+#include "base/wideText_windows.h"
+#include "command/fileError.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "host/progress.h"
+#include "command/progress.h"
 
 #include <system_error>
 #include <utility>

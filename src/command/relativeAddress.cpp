@@ -1,10 +1,10 @@
-#include "host/relativeAddress.h"
+#include "command/relativeAddress.h"
 
 #include <filesystem>
 #include <system_error>
 
-#include "platform/addressText.h"
-#include "platform/paths.h"
+#include "base/addressText.h"
+#include "base/paths.h"
 
 namespace tavisk {
 namespace {

@@ -1,22 +1,22 @@
-#include "host/renderMany.h"
+#include "command/renderMany.h"
 
 #include <array>
 #include <ostream>
 #include <utility>
 #include <variant>
 
-#include "host/complaint.h"
-#include "host/documentName.h"
-#include "host/fileError.h"
-#include "host/inOrder.h"
-#include "host/input.h"
-#include "host/jobs.h"
-#include "host/memory.h"
-#include "host/output.h"
-#include "host/progress.h"
-#include "host/rendering.h"
-#include "host/summary.h"
-#include "platform/files.h"
+#include "base/files.h"
+#include "command/complaint.h"
+#include "command/documentName.h"
+#include "command/fileError.h"
+#include "command/inOrder.h"
+#include "command/input.h"
+#include "command/jobs.h"
+#include "command/memory.h"
+#include "command/output.h"
+#include "command/progress.h"
+#include "command/rendering.h"
+#include "command/summary.h"
 
 namespace tavisk {
 namespace {

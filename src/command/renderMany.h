@@ -1,8 +1,8 @@
 // `tavisk render` for several documents: a page for each, whatever becomes of the others.
 #pragma once
 
-#include "host/commandLine.h"
-#include "host/commands.h"
+#include "command/commandLine.h"
+#include "command/commands.h"
 
 namespace tavisk {
 

@@ -1,16 +1,16 @@
-#include "host/rendering.h"
+#include "command/rendering.h"
 
 #include <algorithm>
 #include <utility>
 
+#include "base/assets.h"
+#include "base/error.h"
+#include "base/noFiles.h"
+#include "base/paths.h"
+#include "command/editResult.h"
+#include "command/fileError.h"
 #include "editor/helpSession.h"
-#include "host/editResult.h"
-#include "host/fileError.h"
-#include "host/noFiles.h"
-#include "platform/assets.h"
-#include "platform/error.h"
-#include "platform/paths.h"
-#include "render/standalonePage.h"
+#include "page/standalonePage.h"
 
 namespace tavisk {
 namespace {

@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "host/output.h"
-#include "host/progress.h"
-#include "platform/dom.h"
-#include "platform/files.h"
-#include "platform/message.h"
+#include "base/files.h"
+#include "base/message.h"
+#include "command/output.h"
+#include "command/progress.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -1,8 +1,8 @@
-#include "host/reportText.h"
+#include "command/reportText.h"
 
 #include <algorithm>
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

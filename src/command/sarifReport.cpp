@@ -1,10 +1,10 @@
-#include "host/sarifReport.h"
+#include "command/sarifReport.h"
 
 #include <algorithm>
 
-#include "host/relativeAddress.h"
-#include "host/reportText.h"
-#include "host/rules.h"
+#include "check/rules.h"
+#include "command/relativeAddress.h"
+#include "command/reportText.h"
 
 namespace tavisk {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "host/checkReport.h"
+#include "command/checkReport.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "host/summary.h"
+#include "command/summary.h"
 
 namespace tavisk {
 

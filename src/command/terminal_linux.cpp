@@ -1,4 +1,4 @@
-#include "host/terminal.h"
+#include "command/terminal.h"
 
 #include <csignal>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-#include "host/terminal.h"
+#include "command/terminal.h"
 
 #include <cstdio>
 #include <fcntl.h>
@@ -6,7 +6,7 @@
 #include <memory>
 #include <shlobj.h>
 
-#include "platform/wideText_windows.h"
+#include "base/wideText_windows.h"
 
 namespace tavisk {
 namespace {

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <tavisk/tavisk.h>
 
+#include "base/error.h"
+#include "base/text.h"
 #include "component/component.h"
 #include "component/hostText.h"
-#include "platform/error.h"
-#include "platform/text.h"
 
 namespace tavisk {
 namespace {

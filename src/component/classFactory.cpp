@@ -1,6 +1,6 @@
 #include "component/classFactory.h"
 
-#include "component/clsTavisk.h"
+#include "component/clsTaviskObject.h"
 #include "component/comObject.h"
 
 namespace tavisk {

@@ -1,4 +1,4 @@
-#include "component/clsTavisk.h"
+#include "component/clsTaviskObject.h"
 
 #include "component/comObject.h"
 

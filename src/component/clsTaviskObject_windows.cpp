@@ -1,15 +1,15 @@
-#include "component/clsTavisk.h"
+#include "component/clsTaviskObject.h"
 
 #include <oleauto.h>
 #include <string>
 #include <string_view>
 
+#include "base/text.h"
 #include "component/comObject.h"
 #include "component/component.h"
 #include "component/dispatch_windows.h"
 #include "component/errorInfo_windows.h"
 #include "component/hostText.h"
-#include "platform/text.h"
 
 namespace tavisk {
 namespace {

@@ -5,8 +5,8 @@
 #include <new>
 #include <tavisk/com.h>
 
+#include "base/error.h"
 #include "component/serverState.h"
-#include "platform/error.h"
 
 // How the methods of an interface are called.
 #ifdef STDMETHODCALLTYPE

@@ -2,15 +2,15 @@
 
 #include <atomic>
 
+#include "base/files.h"
+#include "base/folder.h"
 #include "component/oneCall.h"
 #include "editor/helpSession.h"
-#include "editor/wx/frmMain.h"
-#include "platform/files.h"
-#include "platform/folder.h"
-#include "platform/wx/dialogs.h"
-#include "platform/wx/longWork.h"
-#include "platform/wx/runtime.h"
-#include "render/wx/frmPreview.h"
+#include "ui/editor/frmMain.h"
+#include "ui/preview/frmPreview.h"
+#include "ui/toolkit/longWork.h"
+#include "ui/toolkit/runtime.h"
+#include "ui/toolkit/wxDialogs.h"
 
 namespace tavisk {
 namespace {

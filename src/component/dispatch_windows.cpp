@@ -5,8 +5,8 @@
 #include <cwchar>
 #include <oleauto.h>
 
+#include "base/places.h"
 #include "component/errorInfo_windows.h"
-#include "platform/places.h"
 
 namespace tavisk {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <oaidl.h>
 
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace tavisk {
 

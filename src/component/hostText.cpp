@@ -1,6 +1,6 @@
 #include "component/hostText.h"
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace tavisk {
 

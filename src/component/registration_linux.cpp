@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/error.h"
-#include "platform/files.h"
-#include "platform/places.h"
+#include "base/error.h"
+#include "base/files.h"
+#include "base/places.h"
 
 namespace tavisk {
 namespace {

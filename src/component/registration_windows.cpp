@@ -4,8 +4,8 @@
 #include <ranges>
 #include <string>
 
+#include "base/places.h"
 #include "component/registryEntries_windows.h"
-#include "platform/places.h"
 
 namespace tavisk {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "platform/text.h"
-#include "platform/xmlReader.h"
+#include "base/text.h"
+#include "xml/xmlReader.h"
 
 namespace tavisk {
 namespace {

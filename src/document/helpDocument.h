@@ -7,8 +7,8 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/dom.h"
-#include "platform/message.h"
+#include "base/message.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

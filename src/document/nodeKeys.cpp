@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <utility>
 
+#include "base/error.h"
+#include "base/text.h"
 #include "document/helpNames.h"
-#include "platform/error.h"
-#include "platform/text.h"
 
 namespace tavisk {
 namespace {

@@ -7,8 +7,8 @@
 #include <functional>
 #include <string_view>
 
-#include "platform/dom.h"
-#include "platform/text.h"
+#include "base/text.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstddef>
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace tavisk {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/dialogs.h"
+#include "base/dialogs.h"
 
 namespace tavisk {
 

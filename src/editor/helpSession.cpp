@@ -4,14 +4,14 @@
 #include <utility>
 #include <variant>
 
+#include "base/error.h"
 #include "document/nodeKeys.h"
 #include "document/xmlParse.h"
 #include "formulas/formulaExport.h"
-#include "platform/error.h"
-#include "platform/xmlWriter.h"
-#include "render/imageStore.h"
-#include "render/nodeParse.h"
-#include "render/pageLayout.h"
+#include "page/imageStore.h"
+#include "page/nodeParse.h"
+#include "page/pageLayout.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 

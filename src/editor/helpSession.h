@@ -9,14 +9,14 @@
 #include <string_view>
 #include <vector>
 
+#include "base/dialogs.h"
+#include "base/files.h"
+#include "base/message.h"
 #include "document/helpDocument.h"
 #include "editor/nodePanel.h"
 #include "formulas/formulaCatalogue.h"
-#include "platform/dialogs.h"
-#include "platform/dom.h"
-#include "platform/domNamespaces.h"
-#include "platform/files.h"
-#include "platform/message.h"
+#include "xml/dom.h"
+#include "xml/domNamespaces.h"
 
 namespace tavisk {
 

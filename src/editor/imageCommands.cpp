@@ -6,11 +6,11 @@
 #include <string_view>
 #include <utility>
 
+#include "base/error.h"
 #include "document/xmlParse.h"
 #include "editor/helpSession.h"
-#include "platform/domTyped.h"
-#include "platform/error.h"
-#include "render/imageStore.h"
+#include "page/imageStore.h"
+#include "xml/domTyped.h"
 
 namespace tavisk {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/dialogs.h"
+#include "base/dialogs.h"
 
 namespace tavisk {
 

@@ -5,12 +5,12 @@
 #include <utility>
 #include <vector>
 
+#include "base/error.h"
 #include "document/helpNames.h"
 #include "document/nodeKeys.h"
 #include "document/xmlParse.h"
 #include "editor/helpSession.h"
-#include "platform/domNamespaces.h"
-#include "platform/error.h"
+#include "xml/domNamespaces.h"
 
 namespace tavisk {
 

@@ -3,8 +3,8 @@
 
 #include <string_view>
 
-#include "platform/dialogs.h"
-#include "platform/dom.h"
+#include "base/dialogs.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/error.h"
+#include "base/text.h"
 #include "document/nodeKeys.h"
 #include "document/xmlParse.h"
 #include "editor/answerText.h"
 #include "editor/helpSession.h"
-#include "platform/error.h"
-#include "platform/text.h"
 
 namespace tavisk {
 

@@ -8,7 +8,7 @@
 
 #include "editor/formatting.h"
 #include "formulas/tokens.h"
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/dialogs.h"
 #include "formulas/tokens.h"
-#include "platform/dialogs.h"
 
 namespace tavisk {
 

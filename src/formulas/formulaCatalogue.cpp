@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/error.h"
 #include "document/xmlParse.h"
-#include "platform/error.h"
-#include "platform/xmlCharacters.h"
+#include "xml/xmlCharacters.h"
 
 namespace tavisk {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/dialogs.h"
-#include "platform/dom.h"
+#include "base/dialogs.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -5,9 +5,9 @@
 #include <unordered_set>
 #include <utility>
 
+#include "base/error.h"
 #include "document/xmlParse.h"
 #include "formulas/tokens.h"
-#include "platform/error.h"
 
 namespace tavisk {
 

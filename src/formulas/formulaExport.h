@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "formulas/formulaCatalogue.h"
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -1,9 +1,9 @@
-#include "render/imageMarkup.h"
+#include "page/imageMarkup.h"
 
+#include "base/text.h"
 #include "document/xmlParse.h"
 #include "formulas/tokens.h"
-#include "platform/text.h"
-#include "render/imageStore.h"
+#include "page/imageStore.h"
 
 namespace tavisk {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "formulas/tokenTable.h"
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

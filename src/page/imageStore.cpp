@@ -1,10 +1,10 @@
-#include "render/imageStore.h"
+#include "page/imageStore.h"
 
 #include <filesystem>
 
+#include "base/error.h"
 #include "document/xmlParse.h"
-#include "platform/domTyped.h"
-#include "platform/error.h"
+#include "xml/domTyped.h"
 
 namespace tavisk {
 

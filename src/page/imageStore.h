@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/dom.h"
-#include "platform/files.h"
+#include "base/files.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -1,8 +1,8 @@
-#include "render/nodeParse.h"
+#include "page/nodeParse.h"
 
 #include <utility>
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

@@ -8,9 +8,9 @@
 
 #include "formulas/formulaCatalogue.h"
 #include "formulas/formulaparse.h"
-#include "platform/dom.h"
-#include "render/imageMarkup.h"
-#include "render/nodeRow.h"
+#include "page/imageMarkup.h"
+#include "page/nodeRow.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -1,12 +1,12 @@
-#include "render/nodeRow.h"
+#include "page/nodeRow.h"
 
 #include <array>
 #include <charconv>
 #include <cstdlib>
 
+#include "base/text.h"
 #include "document/helpNames.h"
 #include "document/xmlParse.h"
-#include "platform/text.h"
 
 namespace tavisk {
 namespace {

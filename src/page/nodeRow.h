@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

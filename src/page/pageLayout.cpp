@@ -1,4 +1,4 @@
-#include "render/pageLayout.h"
+#include "page/pageLayout.h"
 
 #include <algorithm>
 #include <array>
@@ -9,13 +9,13 @@
 #include <utility>
 #include <vector>
 
+#include "base/codePage1252.h"
+#include "base/error.h"
+#include "base/text.h"
 #include "document/xmlParse.h"
-#include "platform/codePage1252.h"
-#include "platform/error.h"
-#include "platform/text.h"
-#include "platform/xmlWriter.h"
-#include "render/nodeParse.h"
-#include "render/nodeRow.h"
+#include "page/nodeParse.h"
+#include "page/nodeRow.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 namespace {

@@ -1,10 +1,10 @@
-#include "render/pictureData.h"
+#include "page/pictureData.h"
 
 #include <array>
 #include <utility>
 
-#include "platform/base64.h"
-#include "platform/text.h"
+#include "base/base64.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

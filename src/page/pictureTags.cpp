@@ -1,9 +1,9 @@
-#include "render/pictureTags.h"
+#include "page/pictureTags.h"
 
 #include <algorithm>
 
-#include "platform/addressText.h"
-#include "platform/text.h"
+#include "base/addressText.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

@@ -1,18 +1,18 @@
-#include "render/standalonePage.h"
+#include "page/standalonePage.h"
 
 #include <algorithm>
 #include <unordered_map>
 #include <utility>
 
+#include "base/error.h"
+#include "base/text.h"
 #include "document/xmlParse.h"
-#include "platform/domTyped.h"
-#include "platform/error.h"
-#include "platform/text.h"
-#include "render/imageMarkup.h"
-#include "render/nodeParse.h"
-#include "render/pageLayout.h"
-#include "render/pictureData.h"
-#include "render/pictureTags.h"
+#include "page/imageMarkup.h"
+#include "page/nodeParse.h"
+#include "page/pageLayout.h"
+#include "page/pictureData.h"
+#include "page/pictureTags.h"
+#include "xml/domTyped.h"
 
 namespace tavisk {
 namespace {

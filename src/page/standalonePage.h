@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/files.h"
 #include "formulas/formulaCatalogue.h"
-#include "platform/dom.h"
-#include "platform/files.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

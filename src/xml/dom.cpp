@@ -1,12 +1,12 @@
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 #include <algorithm>
 #include <cstring>
 #include <limits>
 #include <utility>
 
-#include "platform/error.h"
-#include "platform/xmlCharacters.h"
+#include "base/error.h"
+#include "xml/xmlCharacters.h"
 
 namespace tavisk::dom {
 namespace {

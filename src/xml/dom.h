@@ -14,7 +14,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/textPool.h"
+#include "xml/textPool.h"
 
 namespace tavisk::dom {
 

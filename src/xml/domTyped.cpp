@@ -1,10 +1,10 @@
-#include "platform/domTyped.h"
+#include "xml/domTyped.h"
 
 #include <algorithm>
 
-#include "platform/base64.h"
-#include "platform/domNamespaces.h"
-#include "platform/error.h"
+#include "base/base64.h"
+#include "base/error.h"
+#include "xml/domNamespaces.h"
 
 namespace tavisk::dom {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk::dom {
 

@@ -1,4 +1,4 @@
-#include "platform/textPool.h"
+#include "xml/textPool.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,4 +1,4 @@
-#include "platform/treeBuilder.h"
+#include "xml/treeBuilder.h"
 
 #include <cstring>
 #include <functional>

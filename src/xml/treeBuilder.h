@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk::dom {
 

@@ -1,9 +1,9 @@
-#include "platform/xmlCharacters.h"
+#include "xml/xmlCharacters.h"
 
 #include <algorithm>
 #include <array>
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/xmlReader.h"
+#include "xml/xmlReader.h"
 
 #include <algorithm>
 #include <array>
@@ -13,9 +13,9 @@
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
 
-#include "platform/text.h"
-#include "platform/treeBuilder.h"
-#include "platform/xmlTagLimit.h"
+#include "base/text.h"
+#include "xml/treeBuilder.h"
+#include "xml/xmlTagLimit.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/xmlTagLimit.h"
+#include "xml/xmlTagLimit.h"
 
 namespace tavisk {
 namespace {

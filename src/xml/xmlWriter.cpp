@@ -1,4 +1,4 @@
-#include "platform/xmlWriter.h"
+#include "xml/xmlWriter.h"
 
 #include <algorithm>
 #include <array>

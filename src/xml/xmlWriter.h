@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "platform/addressText.h"
+#include "base/addressText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/assets.h"
+#include "base/assets.h"
 
 #include <gtest/gtest.h>
 #include <optional>

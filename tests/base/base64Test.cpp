@@ -1,4 +1,4 @@
-#include "platform/base64.h"
+#include "base/base64.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,11 +1,11 @@
-#include "platform/codePage1252.h"
+#include "base/codePage1252.h"
 
 #include <array>
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
 
-#include "platform/text.h"
+#include "base/text.h"
 #include "support/errors.h"
 
 namespace tavisk {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files.h"
+#include "base/files.h"
 #include "support/errors.h"
 #include "support/temporaryFolder.h"
 

@@ -3,8 +3,8 @@
 #include <vector>
 #include <windows.h>
 
+#include "base/wideText_windows.h"
 #include "filesFixture.h"
-#include "platform/wideText_windows.h"
 #include "support/wine_windows.h"
 
 namespace tavisk::test {

@@ -1,8 +1,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "platform/folder.h"
-#include "platform/places.h"
+#include "base/folder.h"
+#include "base/places.h"
 #include "support/temporaryFolder.h"
 
 namespace tavisk::test {

@@ -3,7 +3,7 @@
 #include <limits>
 #include <string>
 
-#include "platform/text.h"
+#include "base/text.h"
 #include "support/errors.h"
 
 namespace tavisk {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "platform/wideText_windows.h"
+#include "base/wideText_windows.h"
 #include "support/errors.h"
 
 namespace tavisk::test {

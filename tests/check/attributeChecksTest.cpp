@@ -1,4 +1,4 @@
-#include "host/attributeChecks.h"
+#include "check/attributeChecks.h"
 
 #include <gtest/gtest.h>
 #include <initializer_list>

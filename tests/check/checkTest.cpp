@@ -1,4 +1,4 @@
-#include "host/check.h"
+#include "check/check.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,4 +1,4 @@
-#include "host/nodeChecks.h"
+#include "check/nodeChecks.h"
 
 #include <gtest/gtest.h>
 #include <string>

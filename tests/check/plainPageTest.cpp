@@ -1,4 +1,4 @@
-#include "host/plainPage.h"
+#include "check/plainPage.h"
 
 #include <cstdint>
 #include <gtest/gtest.h>
@@ -6,11 +6,11 @@
 #include <string>
 #include <variant>
 
+#include "check/check.h"
+#include "check/nodeChecks.h"
+#include "check/rehearsal.h"
+#include "check/storeChecks.h"
 #include "document/helpDocument.h"
-#include "host/check.h"
-#include "host/nodeChecks.h"
-#include "host/rehearsal.h"
-#include "host/storeChecks.h"
 #include "support/xml.h"
 
 namespace tavisk {

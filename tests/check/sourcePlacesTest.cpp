@@ -1,4 +1,4 @@
-#include "host/sourcePlaces.h"
+#include "check/sourcePlaces.h"
 
 #include <gtest/gtest.h>
 #include <string>

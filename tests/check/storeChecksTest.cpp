@@ -1,4 +1,4 @@
-#include "host/storeChecks.h"
+#include "check/storeChecks.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,4 +1,4 @@
-#include "host/textChecks.h"
+#include "check/textChecks.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,4 +1,4 @@
-#include "host/checkReport.h"
+#include "command/checkReport.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,4 +1,4 @@
-#include "host/commandLine.h"
+#include "command/commandLine.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/commands.h"
+#include "command/commands.h"
 #include "support/temporaryFolder.h"
 
 namespace tavisk::test {

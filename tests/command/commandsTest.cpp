@@ -1,11 +1,11 @@
-#include "host/commands.h"
+#include "command/commands.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 
-#include "host/commandRun.h"
-#include "platform/assets.h"
+#include "base/assets.h"
+#include "command/commandRun.h"
 
 namespace tavisk {
 namespace {

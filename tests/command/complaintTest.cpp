@@ -1,9 +1,9 @@
-#include "host/complaint.h"
+#include "command/complaint.h"
 
 #include <gtest/gtest.h>
 #include <new>
 
-#include "host/fileError.h"
+#include "command/fileError.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "host/documentName.h"
+#include "command/documentName.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "host/editResult.h"
+#include "command/editResult.h"
 
 #include <gtest/gtest.h>
 
-#include "host/commandRun.h"
+#include "command/commandRun.h"
 #include "support/memoryFiles.h"
 
 namespace tavisk {

@@ -1,7 +1,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "host/editResult.h"
+#include "command/editResult.h"
 #include "support/temporaryFolder.h"
 
 namespace tavisk::test {

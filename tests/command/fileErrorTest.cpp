@@ -1,9 +1,9 @@
-#include "host/fileError.h"
+#include "command/fileError.h"
 
 #include <gtest/gtest.h>
 #include <string>
 
-#include "host/noFiles.h"
+#include "base/noFiles.h"
 #include "support/errors.h"
 #include "support/memoryFiles.h"
 

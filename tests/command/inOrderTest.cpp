@@ -1,6 +1,6 @@
 // Under Wine a wait for another thread by std::latch or std::future has hung; so one thread asks
 // here until the other has been there.
-#include "host/inOrder.h"
+#include "command/inOrder.h"
 
 #include <atomic>
 #include <condition_variable>

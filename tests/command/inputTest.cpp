@@ -1,12 +1,12 @@
-#include "host/input.h"
+#include "command/input.h"
 
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
 #include <string_view>
 
-#include "host/commandRun.h"
-#include "host/fileError.h"
+#include "command/commandRun.h"
+#include "command/fileError.h"
 
 namespace tavisk {
 namespace {

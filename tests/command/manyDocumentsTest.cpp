@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "host/commandRun.h"
+#include "command/commandRun.h"
 
 namespace tavisk {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/mappedInput.h"
+#include "command/mappedInput.h"
 
 namespace tavisk {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "host/mappedInput.h"
+#include "command/mappedInput.h"
 #include "support/temporaryFolder.h"
 
 namespace tavisk::test {

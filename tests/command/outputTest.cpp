@@ -1,4 +1,4 @@
-#include "host/output.h"
+#include "command/output.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -6,9 +6,9 @@
 #include <streambuf>
 #include <string>
 
-#include "host/commandRun.h"
-#include "host/fileError.h"
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "command/commandRun.h"
+#include "command/fileError.h"
 #include "support/errors.h"
 #include "support/memoryFiles.h"
 

@@ -2,7 +2,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "host/output.h"
+#include "command/output.h"
 #include "support/errors.h"
 #include "support/temporaryFolder.h"
 

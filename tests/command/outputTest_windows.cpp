@@ -1,7 +1,7 @@
 // Paths with drives, shares and both separators.
 #include <gtest/gtest.h>
 
-#include "host/output.h"
+#include "command/output.h"
 #include "support/errors.h"
 
 namespace tavisk {

@@ -11,7 +11,7 @@ import unittest
 from pathlib import Path
 from urllib.parse import unquote
 
-from hostSystem import RUN, WINDOWS, skip_on_windows
+from targetSystem import RUN, WINDOWS, skip_on_windows
 
 TAVISK = os.environ.get("TAVISK", "tavisk")
 EXAMPLES = Path(__file__).resolve().parent.parent.parent / "examples"

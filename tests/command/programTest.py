@@ -12,7 +12,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from hostSystem import RUN, WINDOWS, full_name, skip_on_windows
+from targetSystem import RUN, WINDOWS, full_name, skip_on_windows
 
 TAVISK = os.environ.get("TAVISK", "tavisk")
 

@@ -10,7 +10,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from hostSystem import LIBRARY, RUN, SUFFIX, WINDOWS, full_name, skip_on_windows
+from targetSystem import LIBRARY, RUN, SUFFIX, WINDOWS, full_name, skip_on_windows
 
 TAVISK = os.environ.get("TAVISK", "tavisk")
 FAKE = os.environ.get("FAKE", LIBRARY)

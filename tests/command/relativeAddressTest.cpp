@@ -1,9 +1,9 @@
-#include "host/relativeAddress.h"
+#include "command/relativeAddress.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "platform/paths.h"
+#include "base/paths.h"
 
 namespace tavisk {
 namespace {

@@ -1,11 +1,11 @@
-#include "host/sarifReport.h"
+#include "command/sarifReport.h"
 
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
 
-#include "host/helpText.h"
-#include "host/rules.h"
+#include "check/rules.h"
+#include "command/helpText.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "host/summary.h"
+#include "command/summary.h"
 
 #include <gtest/gtest.h>
 

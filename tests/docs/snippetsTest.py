@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """Programs and help documents that are shown are right: taken from a file, compiled, or checked.
-Commands and what they print are tested by commandsTest.py."""
+Commands and what they print are tested by shownCommandsTest.py."""
 
 import os
 import re
@@ -13,7 +13,7 @@ from documents import ROOT, documents
 TAVISK = os.environ["TAVISK"]
 MOST_UNCOMPILED = 1
 COMMANDS = ("sh", "output")
-# What commandsTest.py or the tests of the Windows build compile and run under its name.
+# What shownCommandsTest.py or the tests of the Windows build compile and run under its name.
 RUN = {"cpp", "c", "python", "vbs", "js"}
 
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/xmlReader.h"
-#include "platform/xmlWriter.h"
+#include "xml/xmlReader.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/text.h"
-#include "platform/xmlWriter.h"
+#include "base/text.h"
 #include "support/errors.h"
 #include "support/xml.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 namespace {

@@ -8,9 +8,9 @@
 #include "document/nodeKeys.h"
 #include "document/xmlParse.h"
 #include "editor/helpSession.h"
-#include "platform/xmlWriter.h"
 #include "support/memoryFiles.h"
 #include "support/scriptedDialogs.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk::test {
 

@@ -8,12 +8,12 @@
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
 #include "document/helpNames.h"
 #include "editor/answerText.h"
 #include "editor/editorSession.h"
 #include "editor/imageCommands.h"
 #include "editor/nodeOperations.h"
-#include "platform/text.h"
 #include "reference/random.h"
 #include "support/xml.h"
 

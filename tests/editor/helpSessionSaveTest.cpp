@@ -2,8 +2,8 @@
 
 #include "editor/editorSession.h"
 #include "editor/nodeOperations.h"
-#include "platform/xmlWriter.h"
 #include "support/errors.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 namespace {

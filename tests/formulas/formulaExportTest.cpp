@@ -5,9 +5,9 @@
 #include <utility>
 #include <vector>
 
-#include "platform/xmlWriter.h"
 #include "support/errors.h"
 #include "support/xml.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 namespace {

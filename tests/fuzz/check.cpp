@@ -1,15 +1,15 @@
 // Any bytes as a document that is checked. Without an error among the findings it can be loaded,
 // shown, saved, and made a page of its own; reports are well-formed text whatever is found.
-#include "host/check.h"
+#include "check/check.h"
 
 #include <algorithm>
 
+#include "base/text.h"
+#include "check/rules.h"
+#include "command/sarifReport.h"
 #include "editor/helpSession.h"
 #include "fuzz/fuzz.h"
-#include "host/rules.h"
-#include "host/sarifReport.h"
-#include "platform/text.h"
-#include "render/standalonePage.h"
+#include "page/standalonePage.h"
 #include "support/memoryFiles.h"
 
 namespace tavisk::fuzz {

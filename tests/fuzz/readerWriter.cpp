@@ -1,8 +1,8 @@
 // Any bytes: a document that is written and read again as the same tree, or a reason and a line.
 #include "fuzz/fuzz.h"
-#include "platform/xmlReader.h"
-#include "platform/xmlWriter.h"
 #include "reference/domBridge.h"
+#include "xml/xmlReader.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk::fuzz {
 namespace {

@@ -2,12 +2,12 @@
 // literal procedures, files lie in the component's folder, and everything else is an error.
 #include "editor/helpSession.h"
 #include "fuzz/fuzz.h"
-#include "platform/xmlReader.h"
 #include "reference/domBridge.h"
 #include "reference/exportReference.h"
 #include "reference/pageReference.h"
 #include "reference/plainXml.h"
 #include "support/memoryFiles.h"
+#include "xml/xmlReader.h"
 
 namespace tavisk::fuzz {
 namespace {

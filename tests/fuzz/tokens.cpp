@@ -6,14 +6,14 @@
 // to the length limit; any other line is text.
 #include "formulas/tokens.h"
 
+#include "base/text.h"
 #include "formulas/formulaCatalogue.h"
 #include "formulas/formulaparse.h"
 #include "fuzz/fuzz.h"
-#include "platform/dom.h"
-#include "platform/text.h"
+#include "page/imageMarkup.h"
 #include "reference/plainText.h"
 #include "reference/tokenReference.h"
-#include "render/imageMarkup.h"
+#include "xml/dom.h"
 
 namespace tavisk::fuzz {
 namespace {

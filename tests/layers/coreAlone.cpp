@@ -2,8 +2,8 @@
 // finds what it needs in libxml2 and the standard library.
 #include <string_view>
 
-#include "platform/xmlReader.h"
-#include "platform/xmlWriter.h"
+#include "xml/xmlReader.h"
+#include "xml/xmlWriter.h"
 
 int main() {
     constexpr std::string_view text = "<cabinetinfo><cabinet/></cabinetinfo>";

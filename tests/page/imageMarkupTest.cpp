@@ -1,4 +1,4 @@
-#include "render/imageMarkup.h"
+#include "page/imageMarkup.h"
 
 #include <gtest/gtest.h>
 #include <string>

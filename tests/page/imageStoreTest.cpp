@@ -1,13 +1,13 @@
-#include "render/imageStore.h"
+#include "page/imageStore.h"
 
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
 
-#include "platform/xmlWriter.h"
 #include "support/errors.h"
 #include "support/memoryFiles.h"
 #include "support/xml.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 namespace {

@@ -1,13 +1,13 @@
-#include "render/nodeParse.h"
+#include "page/nodeParse.h"
 
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <string_view>
 
-#include "platform/xmlWriter.h"
 #include "support/errors.h"
 #include "support/xml.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "render/nodeRow.h"
+#include "page/nodeRow.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,14 +1,14 @@
-#include "render/pageLayout.h"
+#include "page/pageLayout.h"
 
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
 
-#include "platform/xmlWriter.h"
-#include "render/nodeParse.h"
+#include "page/nodeParse.h"
 #include "support/errors.h"
 #include "support/memoryFiles.h"
 #include "support/xml.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 namespace {

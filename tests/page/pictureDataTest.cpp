@@ -1,4 +1,4 @@
-#include "render/pictureData.h"
+#include "page/pictureData.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,4 +1,4 @@
-#include "render/pictureTags.h"
+#include "page/pictureTags.h"
 
 #include <gtest/gtest.h>
 #include <vector>

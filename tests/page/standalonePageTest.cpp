@@ -1,10 +1,10 @@
-#include "render/standalonePage.h"
+#include "page/standalonePage.h"
 
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
-#include "platform/base64.h"
+#include "base/base64.h"
 #include "support/errors.h"
 #include "support/xml.h"
 

@@ -10,14 +10,14 @@
 #include <string_view>
 #include <vector>
 
+#include "base/assets.h"
+#include "base/error.h"
+#include "base/files.h"
 #include "editor/helpSession.h"
-#include "platform/assets.h"
-#include "platform/error.h"
-#include "platform/files.h"
-#include "platform/xmlWriter.h"
 #include "reference/plainXml.h"
 #include "reference/randomDocument.h"
 #include "support/memoryFiles.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk::test {
 namespace {

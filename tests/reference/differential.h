@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "reference/plainText.h"
 #include "reference/plainXml.h"
 #include "reference/randomDocument.h"

@@ -3,17 +3,17 @@
 
 #include "formulas/formulaCatalogue.h"
 #include "formulas/formulaExport.h"
-#include "platform/xmlReader.h"
-#include "platform/xmlWriter.h"
+#include "page/imageStore.h"
+#include "page/nodeParse.h"
+#include "page/nodeRow.h"
+#include "page/pageLayout.h"
 #include "reference/domBridge.h"
 #include "reference/exportReference.h"
 #include "reference/pageReference.h"
-#include "render/imageStore.h"
-#include "render/nodeParse.h"
-#include "render/nodeRow.h"
-#include "render/pageLayout.h"
 #include "support/memoryFiles.h"
 #include "support/xml.h"
+#include "xml/xmlReader.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk::reference {
 namespace {

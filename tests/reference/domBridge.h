@@ -1,9 +1,9 @@
 // The tree of the document object model as a plain tree.
 #pragma once
 
-#include "platform/dom.h"
 #include "reference/plainText.h"
 #include "reference/plainTree.h"
+#include "xml/dom.h"
 
 namespace tavisk::reference {
 

@@ -2,17 +2,17 @@
 #include <cmath>
 #include <set>
 
+#include "base/codePage1252.h"
+#include "base/text.h"
 #include "formulas/formulaCatalogue.h"
 #include "formulas/formulaparse.h"
 #include "formulas/tokens.h"
-#include "platform/codePage1252.h"
-#include "platform/text.h"
+#include "page/imageMarkup.h"
+#include "page/nodeRow.h"
 #include "reference/differential.h"
 #include "reference/pageReference.h"
 #include "reference/random.h"
 #include "reference/tokenReference.h"
-#include "render/imageMarkup.h"
-#include "render/nodeRow.h"
 #include "support/xml.h"
 
 namespace tavisk::reference {

@@ -1,7 +1,7 @@
 // The number of the run-time error that an action ends in.
 #pragma once
 
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace tavisk::test {
 

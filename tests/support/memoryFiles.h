@@ -10,8 +10,8 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/error.h"
-#include "platform/files.h"
+#include "base/error.h"
+#include "base/files.h"
 
 namespace tavisk::test {
 

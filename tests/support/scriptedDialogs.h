@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/dialogs.h"
-#include "platform/error.h"
+#include "base/dialogs.h"
+#include "base/error.h"
 
 namespace tavisk::test {
 

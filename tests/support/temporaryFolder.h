@@ -9,7 +9,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/paths.h"
+#include "base/paths.h"
 
 namespace tavisk::test {
 

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/dom.h"
-#include "platform/xmlReader.h"
+#include "xml/dom.h"
+#include "xml/xmlReader.h"
 
 namespace tavisk::test {
 

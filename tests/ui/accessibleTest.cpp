@@ -1,5 +1,5 @@
 // The names that screen readers tell, read back from the controls' accessible objects.
-#include "platform/wx/accessible.h"
+#include "ui/toolkit/accessible.h"
 
 #include <gtest/gtest.h>
 #include <wx/button.h>
@@ -11,8 +11,8 @@
 #include <wx/textctrl.h>
 #include <wx/toolbar.h>
 
-#include "windows/support/accessibleNames.h"
-#include "windows/support/pump.h"
+#include "ui/support/accessibleNames.h"
+#include "ui/support/pump.h"
 
 namespace tavisk {
 namespace {

@@ -1,7 +1,7 @@
 // Characters that a text control might change or count differently.
 #include <gtest/gtest.h>
 
-#include "windows/support/answerWindow.h"
+#include "ui/support/answerWindow.h"
 
 namespace tavisk {
 namespace {

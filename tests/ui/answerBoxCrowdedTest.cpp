@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "reference/random.h"
-#include "windows/support/answerWindow.h"
+#include "ui/support/answerWindow.h"
 
 namespace tavisk {
 namespace {

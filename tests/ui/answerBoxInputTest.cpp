@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <wx/textctrl.h>
 
-#include "windows/support/answerWindow.h"
+#include "ui/support/answerWindow.h"
 
 namespace tavisk {
 namespace {

@@ -2,7 +2,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-#include "windows/support/answerWindow.h"
+#include "ui/support/answerWindow.h"
 
 namespace tavisk {
 namespace {

@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "editor/wx/boxText.h"
-#include "platform/text.h"
+#include "base/text.h"
 #include "reference/random.h"
-#include "windows/support/answerWindow.h"
+#include "ui/editor/boxText.h"
+#include "ui/support/answerWindow.h"
 
 namespace tavisk {
 namespace {

@@ -1,8 +1,8 @@
-#include "editor/wx/answerBox.h"
+#include "ui/editor/answerBox.h"
 
 #include <gtest/gtest.h>
 
-#include "windows/support/answerWindow.h"
+#include "ui/support/answerWindow.h"
 
 namespace tavisk {
 namespace {

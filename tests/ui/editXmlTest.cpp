@@ -5,10 +5,10 @@
 #include <wx/image.h>
 
 #include "component/component.h"
-#include "platform/xmlReader.h"
 #include "support/errors.h"
-#include "windows/support/editorWindow.h"
-#include "windows/support/whenShown.h"
+#include "ui/support/editorWindow.h"
+#include "ui/support/whenShown.h"
+#include "xml/xmlReader.h"
 
 namespace tavisk {
 namespace {

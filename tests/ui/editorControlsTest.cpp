@@ -1,5 +1,5 @@
 // The controls, menus and toolbar of the editor window: names, captions, containers, descriptions.
-#include "editor/wx/editorControls.h"
+#include "ui/editor/editorControls.h"
 
 #include <gtest/gtest.h>
 #include <map>
@@ -12,8 +12,8 @@
 #include <wx/toolbar.h>
 
 #include "editor/nodeCommands.h"
-#include "windows/support/accessibleNames.h"
-#include "windows/support/editorFrame.h"
+#include "ui/support/accessibleNames.h"
+#include "ui/support/editorFrame.h"
 
 namespace tavisk {
 namespace {

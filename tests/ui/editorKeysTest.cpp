@@ -11,9 +11,9 @@
 #include <wx/stattext.h>
 #include <wx/uiaction.h>
 
-#include "platform/wx/nativeExtras.h"
-#include "windows/support/editorFrame.h"
-#include "windows/support/focus.h"
+#include "ui/support/editorFrame.h"
+#include "ui/support/focus.h"
+#include "ui/toolkit/nativeExtras.h"
 
 namespace tavisk {
 namespace {

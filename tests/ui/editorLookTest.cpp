@@ -1,5 +1,5 @@
 // How the editor window looks: nothing cut off at its smallest, long texts, colours.
-#include "windows/support/editorLook.h"
+#include "ui/support/editorLook.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,7 +11,7 @@
 #include <wx/splitter.h>
 #include <wx/stattext.h>
 
-#include "windows/support/drawing.h"
+#include "ui/support/drawing.h"
 
 namespace tavisk {
 namespace {

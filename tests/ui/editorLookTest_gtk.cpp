@@ -4,7 +4,7 @@
 #include <wx/display.h>
 #include <wx/toolbar.h>
 
-#include "windows/support/editorLook.h"
+#include "ui/support/editorLook.h"
 
 namespace tavisk {
 namespace {

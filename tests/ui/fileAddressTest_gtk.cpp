@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "render/wx/fileAddress.h"
+#include "ui/preview/fileAddress.h"
 
 namespace tavisk {
 namespace {

@@ -1,7 +1,7 @@
 // The browser control and the window spell a file's address in their own ways.
 #include <gtest/gtest.h>
 
-#include "render/wx/fileAddress.h"
+#include "ui/preview/fileAddress.h"
 
 namespace tavisk {
 namespace {

@@ -1,10 +1,10 @@
 // The answer text in the editor window: typing, colours, and the insertions.
 #include <gtest/gtest.h>
 
-#include "windows/support/answerWindow.h"
-#include "windows/support/editorStep.h"
-#include "windows/support/editorWindow.h"
-#include "windows/support/treeWindow.h"
+#include "ui/support/answerWindow.h"
+#include "ui/support/editorStep.h"
+#include "ui/support/editorWindow.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk {
 namespace {

@@ -1,8 +1,8 @@
 // The formatting commands of the panel: what they write, and what the controls show afterwards.
 #include <gtest/gtest.h>
 
-#include "windows/support/editorWindow.h"
-#include "windows/support/treeWindow.h"
+#include "ui/support/editorWindow.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk {
 namespace {

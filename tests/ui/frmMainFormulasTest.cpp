@@ -1,8 +1,8 @@
 // The formula list, its description, Add formula and the insertions.
 #include <gtest/gtest.h>
 
-#include "windows/support/answerWindow.h"
-#include "windows/support/editorStep.h"
+#include "ui/support/answerWindow.h"
+#include "ui/support/editorStep.h"
 
 namespace tavisk {
 namespace {

@@ -2,10 +2,10 @@
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
 
-#include "platform/wx/nativeExtras.h"
-#include "windows/support/answerWindow.h"
-#include "windows/support/editorInput.h"
-#include "windows/support/treeWindow.h"
+#include "ui/support/answerWindow.h"
+#include "ui/support/editorInput.h"
+#include "ui/support/treeWindow.h"
+#include "ui/toolkit/nativeExtras.h"
 
 namespace tavisk {
 namespace {

@@ -1,10 +1,10 @@
 // Saving, closing, refreshing and previewing.
 #include <gtest/gtest.h>
 
-#include "windows/support/editorStep.h"
-#include "windows/support/previewWindow.h"
-#include "windows/support/treeWindow.h"
-#include "windows/support/whenShown.h"
+#include "ui/support/editorStep.h"
+#include "ui/support/previewWindow.h"
+#include "ui/support/treeWindow.h"
+#include "ui/support/whenShown.h"
 
 namespace tavisk {
 namespace {

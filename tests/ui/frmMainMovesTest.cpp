@@ -1,9 +1,9 @@
 // Moving, cutting, copying and pasting nodes, and the keys of the node menu.
 #include <gtest/gtest.h>
 
-#include "windows/support/editorInput.h"
-#include "windows/support/editorStep.h"
-#include "windows/support/treeWindow.h"
+#include "ui/support/editorInput.h"
+#include "ui/support/editorStep.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk {
 namespace {

@@ -1,8 +1,8 @@
 // The commands of the node menu and the toolbar: adding, renaming and deleting.
 #include <gtest/gtest.h>
 
-#include "windows/support/editorStep.h"
-#include "windows/support/treeWindow.h"
+#include "ui/support/editorStep.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk {
 namespace {

@@ -1,9 +1,9 @@
 // Nodes of which the window cannot show everything: what it tells, shows and writes then.
 #include <gtest/gtest.h>
 
-#include "windows/support/editorStep.h"
-#include "windows/support/panelNames.h"
-#include "windows/support/treeWindow.h"
+#include "ui/support/editorStep.h"
+#include "ui/support/panelNames.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk {
 namespace {

@@ -3,9 +3,9 @@
 #include <wx/frame.h>
 #include <wx/menu.h>
 
-#include "windows/support/editorStep.h"
-#include "windows/support/panelNames.h"
-#include "windows/support/treeWindow.h"
+#include "ui/support/editorStep.h"
+#include "ui/support/panelNames.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk {
 namespace {

@@ -3,11 +3,11 @@
 #include <wx/image.h>
 #include <wx/mstream.h>
 
-#include "platform/base64.h"
-#include "windows/support/drawing.h"
-#include "windows/support/editorStep.h"
-#include "windows/support/treeWindow.h"
-#include "windows/support/whenShown.h"
+#include "base/base64.h"
+#include "ui/support/drawing.h"
+#include "ui/support/editorStep.h"
+#include "ui/support/treeWindow.h"
+#include "ui/support/whenShown.h"
 
 namespace tavisk {
 namespace {

@@ -9,12 +9,12 @@
 #include <wx/eventfilter.h>
 
 #include "document/nodeKeys.h"
-#include "editor/wx/boxText.h"
 #include "reference/differential.h"
 #include "reference/random.h"
-#include "windows/support/answerWindow.h"
-#include "windows/support/editorStep.h"
-#include "windows/support/treeWindow.h"
+#include "ui/editor/boxText.h"
+#include "ui/support/answerWindow.h"
+#include "ui/support/editorStep.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk {
 namespace {

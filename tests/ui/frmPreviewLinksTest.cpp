@@ -1,7 +1,7 @@
 // What pages and their readers cannot make the preview window do.
-#include "platform/error.h"
-#include "windows/support/dialogAnswers.h"
-#include "windows/support/previewWindow.h"
+#include "base/error.h"
+#include "ui/support/dialogAnswers.h"
+#include "ui/support/previewWindow.h"
 
 namespace tavisk {
 namespace {

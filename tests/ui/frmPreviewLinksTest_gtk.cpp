@@ -1,5 +1,5 @@
 // What pages and their readers cannot make the preview window do, as this browser tells it.
-#include "windows/support/previewNative_gtk.h"
+#include "ui/support/previewNative_gtk.h"
 
 namespace tavisk {
 namespace {

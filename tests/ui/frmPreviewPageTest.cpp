@@ -1,9 +1,9 @@
 // What the preview window shows.
 #include <wx/base64.h>
 
+#include "base/assets.h"
 #include "editor/helpSession.h"
-#include "platform/assets.h"
-#include "windows/support/previewWindow.h"
+#include "ui/support/previewWindow.h"
 
 namespace tavisk {
 namespace {

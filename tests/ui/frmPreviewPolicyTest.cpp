@@ -1,7 +1,7 @@
 // Which navigation leads where.
 #include <gtest/gtest.h>
 
-#include "render/wx/browserPolicy.h"
+#include "ui/preview/browserPolicy.h"
 
 namespace tavisk {
 namespace {

@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <wx/stattext.h>
 
-#include "windows/support/previewNative_gtk.h"
-#include "windows/support/whileModal.h"
+#include "ui/support/previewNative_gtk.h"
+#include "ui/support/whileModal.h"
 
 namespace tavisk {
 namespace {

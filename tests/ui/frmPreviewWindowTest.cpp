@@ -4,7 +4,7 @@
 #include <wx/frame.h>
 #include <wx/timer.h>
 
-#include "windows/support/whileModal.h"
+#include "ui/support/whileModal.h"
 
 namespace tavisk {
 namespace {

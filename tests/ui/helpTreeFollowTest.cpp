@@ -4,7 +4,7 @@
 
 #include "editor/imageCommands.h"
 #include "editor/nodeOperations.h"
-#include "windows/support/treeWindow.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk {
 namespace {

@@ -1,7 +1,7 @@
 // Selecting with the mouse and the keyboard.
 #include <wx/menu.h>
 
-#include "windows/support/treeWindow.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk {
 namespace {

@@ -1,6 +1,6 @@
 #include <vector>
 
-#include "windows/support/treeWindow.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk {
 namespace {

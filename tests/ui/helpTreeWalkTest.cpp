@@ -8,7 +8,7 @@
 
 #include "editor/nodeOperations.h"
 #include "reference/random.h"
-#include "windows/support/treeWindow.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk {
 namespace {

@@ -1,5 +1,5 @@
 // The toolbar's pictures.
-#include "editor/wx/icons.h"
+#include "ui/editor/icons.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 #include <wx/settings.h>
 
 #include "editor/nodeCommands.h"
-#include "platform/wx/iconSvg.h"
+#include "ui/toolkit/iconSvg.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/wx/longWork.h"
+#include "ui/toolkit/longWork.h"
 
 #include <future>
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 #include <wx/progdlg.h>
 #include <wx/utils.h>
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "support/errors.h"
 
 namespace tavisk {

@@ -5,9 +5,9 @@
 #include <wx/log.h>
 #include <wx/string.h>
 
-#include "platform/wx/runtime.h"
-#include "windows/support/complaints.h"
-#include "windows/support/limits.h"
+#include "ui/support/complaints.h"
+#include "ui/support/limits.h"
+#include "ui/toolkit/runtime.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The picture of the editor window.
-#include "editor/wx/pictureBox.h"
+#include "ui/editor/pictureBox.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -8,9 +8,9 @@
 #include <wx/mstream.h>
 #include <wx/panel.h>
 
-#include "platform/assets.h"
-#include "windows/support/drawing.h"
-#include "windows/support/pump.h"
+#include "base/assets.h"
+#include "ui/support/drawing.h"
+#include "ui/support/pump.h"
 
 namespace tavisk {
 namespace {

@@ -1,14 +1,14 @@
 // The component's call previewXML, with its real window.
 #include <gtest/gtest.h>
 
+#include "base/files.h"
+#include "base/folder.h"
 #include "component/component.h"
-#include "platform/files.h"
-#include "platform/folder.h"
 #include "support/errors.h"
-#include "windows/support/dialogAnswers.h"
-#include "windows/support/editorWindow.h"
-#include "windows/support/previewWindow.h"
-#include "windows/support/whenShown.h"
+#include "ui/support/dialogAnswers.h"
+#include "ui/support/editorWindow.h"
+#include "ui/support/previewWindow.h"
+#include "ui/support/whenShown.h"
 
 namespace tavisk {
 namespace {

@@ -1,10 +1,10 @@
-#include "platform/wx/dialogs.h"
+#include "ui/toolkit/wxDialogs.h"
 
 #include <gtest/gtest.h>
 #include <wx/frame.h>
 
-#include "windows/support/dialogAnswers.h"
-#include "windows/support/pump.h"
+#include "ui/support/dialogAnswers.h"
+#include "ui/support/pump.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/domNamespaces.h"
+#include "xml/domNamespaces.h"
 
 #include <gtest/gtest.h>
 #include <string>

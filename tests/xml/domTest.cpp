@@ -1,5 +1,5 @@
 // The tree's structure: navigation, edits, ownership, limits.
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-#include "platform/xmlWriter.h"
 #include "support/errors.h"
 #include "support/xml.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk::dom {
 namespace {

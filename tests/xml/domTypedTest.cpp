@@ -1,12 +1,12 @@
-#include "platform/domTyped.h"
+#include "xml/domTyped.h"
 
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 
-#include "platform/xmlWriter.h"
 #include "support/errors.h"
 #include "support/xml.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk::dom {
 namespace {

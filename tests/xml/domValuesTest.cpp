@@ -3,11 +3,11 @@
 #include <set>
 #include <string>
 
-#include "platform/dom.h"
-#include "platform/text.h"
-#include "platform/xmlWriter.h"
+#include "base/text.h"
 #include "support/errors.h"
 #include "support/xml.h"
+#include "xml/dom.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk::dom {
 namespace {

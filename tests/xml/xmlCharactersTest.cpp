@@ -1,4 +1,4 @@
-#include "platform/xmlCharacters.h"
+#include "xml/xmlCharacters.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/xmlReader.h"
+#include "xml/xmlReader.h"
 
 namespace tavisk {
 namespace {

@@ -1,5 +1,5 @@
 // What is read, and how the tree shows it.
-#include "platform/xmlReader.h"
+#include "xml/xmlReader.h"
 
 #include <cstdio>
 #include <fstream>
@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/xmlWriter.h"
 #include "support/xml.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 namespace {

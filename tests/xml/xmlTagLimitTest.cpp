@@ -1,9 +1,9 @@
-#include "platform/xmlTagLimit.h"
+#include "xml/xmlTagLimit.h"
 
 #include <gtest/gtest.h>
 #include <string>
 
-#include "platform/xmlReader.h"
+#include "xml/xmlReader.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/xmlWriter.h"
+#include "xml/xmlWriter.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/text.h"
+#include "base/text.h"
 #include "support/xml.h"
 
 namespace tavisk {

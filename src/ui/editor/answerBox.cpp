@@ -1,10 +1,10 @@
-#include "editor/wx/answerBox.h"
+#include "ui/editor/answerBox.h"
 
 #include <algorithm>
 #include <string_view>
 #include <utility>
 
-#include "editor/wx/boxText.h"
+#include "ui/editor/boxText.h"
 
 namespace tavisk {
 namespace {

@@ -8,7 +8,7 @@
 #include "editor/answerText.h"
 #include "editor/textPositions.h"
 #include "editor/tokenColours.h"
-#include "editor/wx/answerBuffer.h"
+#include "ui/editor/answerBuffer.h"
 
 namespace tavisk {
 

@@ -6,9 +6,9 @@
 #include <utility>
 #include <wx/textctrl.h>
 
+#include "base/text.h"
 #include "editor/textPositions.h"
-#include "editor/wx/answerBuffer.h"
-#include "platform/text.h"
+#include "ui/editor/answerBuffer.h"
 
 namespace tavisk {
 namespace {

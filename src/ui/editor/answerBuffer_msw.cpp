@@ -4,8 +4,8 @@
 #include <utility>
 #include <wx/textctrl.h>
 
-#include "editor/wx/answerBuffer.h"
-#include "editor/wx/carriageReturn_msw.h"
+#include "ui/editor/answerBuffer.h"
+#include "ui/editor/carriageReturn_msw.h"
 // after those of wxWidgets
 #include <wx/msw/wrapwin.h>
 // after windows.h

@@ -1,5 +1,5 @@
-#include "editor/wx/boxText.h"
-#include "platform/wx/strings.h"
+#include "ui/editor/boxText.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 

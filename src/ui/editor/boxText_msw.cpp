@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <string>
 
-#include "editor/wx/boxText.h"
-#include "editor/wx/carriageReturn_msw.h"
-#include "platform/wx/strings.h"
+#include "ui/editor/boxText.h"
+#include "ui/editor/carriageReturn_msw.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 

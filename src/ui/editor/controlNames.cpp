@@ -1,8 +1,8 @@
 // What the captions do not say: a "+" is one of four, and a list has no caption at all.
 #include <wx/window.h>
 
-#include "editor/wx/editorParts.h"
-#include "platform/wx/accessible.h"
+#include "ui/editor/editorParts.h"
+#include "ui/toolkit/accessible.h"
 
 namespace tavisk {
 namespace {

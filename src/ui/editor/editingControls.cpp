@@ -1,11 +1,11 @@
 // The frame "Editing" of the editor window.
 #include <wx/choice.h>
 
-#include "editor/wx/answerBox.h"
-#include "editor/wx/editorParts.h"
-#include "editor/wx/pictureBox.h"
-#include "platform/wx/accessible.h"
-#include "platform/wx/nativeExtras.h"
+#include "ui/editor/answerBox.h"
+#include "ui/editor/editorParts.h"
+#include "ui/editor/pictureBox.h"
+#include "ui/toolkit/accessible.h"
+#include "ui/toolkit/nativeExtras.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "editor/wx/editorControls.h"
+#include "ui/editor/editorControls.h"
 
 #include <algorithm>
 #include <wx/display.h>
@@ -7,9 +7,9 @@
 #include <wx/scrolwin.h>
 #include <wx/splitter.h>
 
-#include "editor/wx/editorParts.h"
-#include "editor/wx/helpTree.h"
-#include "platform/wx/nativeExtras.h"
+#include "ui/editor/editorParts.h"
+#include "ui/editor/helpTree.h"
+#include "ui/toolkit/nativeExtras.h"
 
 namespace tavisk {
 namespace {

@@ -7,9 +7,9 @@
 #include <wx/toolbar.h>
 
 #include "editor/nodeCommands.h"
-#include "editor/wx/editorParts.h"
-#include "editor/wx/icons.h"
-#include "platform/wx/accessible.h"
+#include "ui/editor/editorParts.h"
+#include "ui/editor/icons.h"
+#include "ui/toolkit/accessible.h"
 
 namespace tavisk {
 namespace {

@@ -1,9 +1,9 @@
-#include "editor/wx/editorParts.h"
+#include "ui/editor/editorParts.h"
 
 #include <cmath>
 
-#include "platform/wx/nativeExtras.h"
-#include "platform/wx/strings.h"
+#include "ui/toolkit/nativeExtras.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 namespace {

@@ -7,7 +7,7 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
-#include "editor/wx/editorControls.h"
+#include "ui/editor/editorControls.h"
 
 namespace tavisk {
 

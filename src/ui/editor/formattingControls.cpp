@@ -2,8 +2,8 @@
 #include <array>
 #include <utility>
 
-#include "editor/wx/editorParts.h"
-#include "platform/wx/nativeExtras.h"
+#include "ui/editor/editorParts.h"
+#include "ui/toolkit/nativeExtras.h"
 
 namespace tavisk {
 namespace {

@@ -1,13 +1,13 @@
-#include "editor/wx/frmMain.h"
+#include "ui/editor/frmMain.h"
 
 #include <wx/button.h>
 #include <wx/menu.h>
 
-#include "editor/wx/answerBox.h"
-#include "editor/wx/helpTree.h"
-#include "platform/wx/handlers.h"
-#include "platform/wx/longWork.h"
-#include "render/wx/frmPreview.h"
+#include "ui/editor/answerBox.h"
+#include "ui/editor/helpTree.h"
+#include "ui/preview/frmPreview.h"
+#include "ui/toolkit/handlers.h"
+#include "ui/toolkit/longWork.h"
 
 namespace tavisk {
 

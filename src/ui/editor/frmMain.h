@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "editor/helpSession.h"
-#include "editor/wx/editorControls.h"
-#include "platform/wx/dialogs.h"
-#include "platform/wx/runtime.h"
+#include "ui/editor/editorControls.h"
+#include "ui/toolkit/runtime.h"
+#include "ui/toolkit/wxDialogs.h"
 
 class wxKeyEvent;
 

@@ -2,9 +2,9 @@
 #include <wx/button.h>
 
 #include "editor/answerText.h"
-#include "editor/wx/answerBox.h"
-#include "editor/wx/frmMain.h"
-#include "platform/wx/handlers.h"
+#include "ui/editor/answerBox.h"
+#include "ui/editor/frmMain.h"
+#include "ui/toolkit/handlers.h"
 
 namespace tavisk {
 

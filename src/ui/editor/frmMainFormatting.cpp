@@ -3,7 +3,7 @@
 #include <wx/checkbox.h>
 
 #include "editor/nodePanel.h"
-#include "editor/wx/frmMain.h"
+#include "ui/editor/frmMain.h"
 
 namespace tavisk {
 

@@ -4,9 +4,9 @@
 #include <wx/stattext.h>
 
 #include "editor/imageCommands.h"
-#include "editor/wx/frmMain.h"
-#include "editor/wx/pictureBox.h"
-#include "platform/wx/strings.h"
+#include "ui/editor/frmMain.h"
+#include "ui/editor/pictureBox.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 namespace {

@@ -3,8 +3,8 @@
 
 #include "editor/nodeCommands.h"
 #include "editor/nodePanel.h"
-#include "editor/wx/frmMain.h"
-#include "editor/wx/helpTree.h"
+#include "ui/editor/frmMain.h"
+#include "ui/editor/helpTree.h"
 
 namespace tavisk {
 

@@ -6,9 +6,9 @@
 #include <wx/toolbar.h>
 
 #include "editor/nodeCommands.h"
-#include "editor/wx/answerBox.h"
-#include "editor/wx/frmMain.h"
-#include "platform/wx/strings.h"
+#include "ui/editor/answerBox.h"
+#include "ui/editor/frmMain.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 namespace {

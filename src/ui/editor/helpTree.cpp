@@ -1,10 +1,10 @@
-#include "editor/wx/helpTree.h"
+#include "ui/editor/helpTree.h"
 
 #include <algorithm>
 
 #include "document/helpNames.h"
 #include "editor/helpSession.h"
-#include "platform/wx/strings.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <functional>
 
-#include "editor/wx/helpTreeRows.h"
-#include "platform/dom.h"
+#include "ui/editor/helpTreeRows.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-#include "editor/wx/helpTreeModel_gtk.h"
+#include "ui/editor/helpTreeModel_gtk.h"
 
 namespace tavisk {
 namespace {

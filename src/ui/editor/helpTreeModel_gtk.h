@@ -3,7 +3,7 @@
 
 #include <gtk/gtk.h>
 
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

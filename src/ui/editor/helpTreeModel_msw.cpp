@@ -1,9 +1,9 @@
-#include "editor/wx/helpTreeModel_msw.h"
+#include "ui/editor/helpTreeModel_msw.h"
 
 #include <utility>
 
 #include "document/helpNames.h"
-#include "platform/wx/strings.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 

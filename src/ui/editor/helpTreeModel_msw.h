@@ -5,7 +5,7 @@
 #include <vector>
 #include <wx/dataview.h>
 
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

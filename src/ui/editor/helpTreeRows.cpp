@@ -1,4 +1,4 @@
-#include "editor/wx/helpTreeRows.h"
+#include "ui/editor/helpTreeRows.h"
 
 namespace tavisk {
 

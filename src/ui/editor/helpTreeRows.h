@@ -5,7 +5,7 @@
 #include <memory>
 #include <wx/dataview.h>
 
-#include "platform/dom.h"
+#include "xml/dom.h"
 
 namespace tavisk {
 

@@ -3,9 +3,9 @@
 #include <numeric>
 #include <vector>
 
-#include "editor/wx/helpTreeModel_gtk.h"
-#include "editor/wx/helpTreeRows.h"
-#include "editor/wx/treePlaces_gtk.h"
+#include "ui/editor/helpTreeModel_gtk.h"
+#include "ui/editor/helpTreeRows.h"
+#include "ui/editor/treePlaces_gtk.h"
 
 namespace tavisk {
 namespace {

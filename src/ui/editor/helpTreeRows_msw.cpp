@@ -5,9 +5,9 @@
 #include <wx/renderer.h>
 
 #include "document/helpNames.h"
-#include "editor/wx/helpTreeModel_msw.h"
-#include "editor/wx/helpTreeRows.h"
-#include "platform/wx/strings.h"
+#include "ui/editor/helpTreeModel_msw.h"
+#include "ui/editor/helpTreeRows.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 namespace {

@@ -1,10 +1,10 @@
-#include "editor/wx/icons.h"
+#include "ui/editor/icons.h"
 
 #include <string>
 #include <wx/image.h>
 #include <wx/settings.h>
 
-#include "platform/wx/iconSvg.h"
+#include "ui/toolkit/iconSvg.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "editor/wx/pictureBox.h"
+#include "ui/editor/pictureBox.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "editor/wx/treePlaces_gtk.h"
+#include "ui/editor/treePlaces_gtk.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "render/wx/browserPolicy.h"
+#include "ui/preview/browserPolicy.h"
 
 #include <algorithm>
 #include <array>

@@ -5,7 +5,7 @@
 #include <webkit2/webkit2.h>
 #include <wx/webview.h>
 
-#include "render/wx/browserPolicy.h"
+#include "ui/preview/browserPolicy.h"
 
 namespace tavisk {
 namespace {

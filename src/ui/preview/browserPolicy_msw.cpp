@@ -2,7 +2,7 @@
 #include <utility>
 #include <wx/webview.h>
 
-#include "render/wx/browserPolicy.h"
+#include "ui/preview/browserPolicy.h"
 // after those of wxWidgets
 #include <wx/msw/ole/activex.h>
 // after windows.h
@@ -10,9 +10,9 @@
 #include <exdispid.h>
 #include <mshtml.h>
 
-#include "platform/wx/strings.h"
-#include "render/wx/browserSite_msw.h"
-#include "render/wx/fileAddress.h"
+#include "ui/preview/browserSite_msw.h"
+#include "ui/preview/fileAddress.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 namespace {

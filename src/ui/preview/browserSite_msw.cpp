@@ -1,4 +1,4 @@
-#include "render/wx/browserSite_msw.h"
+#include "ui/preview/browserSite_msw.h"
 
 #include <atomic>
 #include <mshtmdid.h>

@@ -1,7 +1,7 @@
 #include <filesystem>
 
-#include "platform/addressText.h"
-#include "render/wx/fileAddress.h"
+#include "base/addressText.h"
+#include "ui/preview/fileAddress.h"
 
 namespace tavisk {
 

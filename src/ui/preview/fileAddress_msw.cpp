@@ -1,13 +1,13 @@
 #include <array>
 #include <windows.h>
 
-#include "render/wx/fileAddress.h"
+#include "ui/preview/fileAddress.h"
 // after windows.h
 #include <shlwapi.h>
 #include <wininet.h>
 
-#include "platform/error.h"
-#include "platform/wideText_windows.h"
+#include "base/error.h"
+#include "base/wideText_windows.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "render/wx/frmPreview.h"
+#include "ui/preview/frmPreview.h"
 
 #include <algorithm>
 #include <string_view>
@@ -7,12 +7,12 @@
 #include <wx/stattext.h>
 #include <wx/webview.h>
 
-#include "platform/error.h"
-#include "platform/wx/handlers.h"
-#include "platform/wx/launch.h"
-#include "platform/wx/nativeExtras.h"
-#include "platform/wx/strings.h"
-#include "render/wx/fileAddress.h"
+#include "base/error.h"
+#include "ui/preview/fileAddress.h"
+#include "ui/toolkit/handlers.h"
+#include "ui/toolkit/launch.h"
+#include "ui/toolkit/nativeExtras.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 namespace {

@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
-#include "platform/wx/dialogs.h"
-#include "platform/wx/runtime.h"
-#include "render/wx/browserPolicy.h"
+#include "ui/preview/browserPolicy.h"
+#include "ui/toolkit/runtime.h"
+#include "ui/toolkit/wxDialogs.h"
 
 class wxStaticText;
 class wxWebView;

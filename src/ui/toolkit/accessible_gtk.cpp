@@ -1,7 +1,7 @@
 #include <gtk/gtk.h>
 #include <wx/window.h>
 
-#include "platform/wx/accessible.h"
+#include "ui/toolkit/accessible.h"
 
 namespace tavisk {
 namespace {

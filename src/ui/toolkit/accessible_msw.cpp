@@ -3,7 +3,7 @@
 #include <wx/dataview.h>
 #include <wx/window.h>
 
-#include "platform/wx/accessible.h"
+#include "ui/toolkit/accessible.h"
 
 namespace tavisk {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include "platform/dialogs.h"
-#include "platform/error.h"
+#include "base/dialogs.h"
+#include "base/error.h"
 
 namespace tavisk {
 

@@ -6,7 +6,7 @@
 #include <system_error>
 #include <wx/app.h>
 
-#include "platform/wx/runtime.h"
+#include "ui/toolkit/runtime.h"
 
 namespace tavisk {
 namespace {

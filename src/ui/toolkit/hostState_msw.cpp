@@ -4,7 +4,7 @@
 #include <windows.h>
 #include <wx/app.h>
 
-#include "platform/wx/runtime.h"
+#include "ui/toolkit/runtime.h"
 
 namespace tavisk {
 namespace {

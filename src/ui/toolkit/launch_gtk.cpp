@@ -1,7 +1,7 @@
 #include <gtk/gtk.h>
 
-#include "platform/error.h"
-#include "platform/wx/launch.h"
+#include "base/error.h"
+#include "ui/toolkit/launch.h"
 
 namespace tavisk {
 

@@ -3,9 +3,9 @@
 // after windows.h
 #include <shellapi.h>
 
-#include "platform/error.h"
-#include "platform/wx/launch.h"
-#include "platform/wx/strings.h"
+#include "base/error.h"
+#include "ui/toolkit/launch.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 

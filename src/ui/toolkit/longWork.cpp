@@ -1,4 +1,4 @@
-#include "platform/wx/longWork.h"
+#include "ui/toolkit/longWork.h"
 
 #include <condition_variable>
 #include <exception>
@@ -11,8 +11,8 @@
 #include <wx/progdlg.h>
 #include <wx/utils.h>
 
-#include "platform/message.h"
-#include "platform/wx/nativeToolkit.h"
+#include "base/message.h"
+#include "ui/toolkit/nativeToolkit.h"
 
 namespace tavisk {
 namespace {

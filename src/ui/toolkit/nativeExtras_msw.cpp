@@ -16,7 +16,7 @@
 #include <wx/stattext.h>
 #include <wx/toplevel.h>
 
-#include "platform/wx/nativeExtras.h"
+#include "ui/toolkit/nativeExtras.h"
 
 namespace tavisk {
 namespace {

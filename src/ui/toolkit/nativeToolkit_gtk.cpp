@@ -9,8 +9,8 @@
 #include <wx/strconv.h>
 #include <wx/toplevel.h>
 
-#include "platform/error.h"
-#include "platform/wx/nativeToolkit.h"
+#include "base/error.h"
+#include "ui/toolkit/nativeToolkit.h"
 
 namespace tavisk {
 namespace {

@@ -6,8 +6,8 @@
 #include <wx/msw/private.h>
 #include <wx/toplevel.h>
 
-#include "platform/error.h"
-#include "platform/wx/nativeToolkit.h"
+#include "base/error.h"
+#include "ui/toolkit/nativeToolkit.h"
 
 namespace tavisk {
 namespace {

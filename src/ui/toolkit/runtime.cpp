@@ -1,4 +1,4 @@
-#include "platform/wx/runtime.h"
+#include "ui/toolkit/runtime.h"
 
 #include <thread>
 #include <utility>
@@ -13,9 +13,9 @@
 #include <wx/menu.h>
 #include <wx/utils.h>
 
-#include "platform/error.h"
-#include "platform/wx/iconSvg.h"
-#include "platform/wx/nativeToolkit.h"
+#include "base/error.h"
+#include "ui/toolkit/iconSvg.h"
+#include "ui/toolkit/nativeToolkit.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/wx/strings.h"
+#include "ui/toolkit/strings.h"
 
 #include <cstdint>
 #include <wx/strconv.h>

@@ -1,12 +1,12 @@
-#include "platform/wx/dialogs.h"
+#include "ui/toolkit/wxDialogs.h"
 
 #include <wx/colordlg.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 #include <wx/textdlg.h>
 
-#include "platform/text.h"
-#include "platform/wx/strings.h"
+#include "base/text.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk {
 namespace {

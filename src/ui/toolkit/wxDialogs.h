@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/dialogs.h"
+#include "base/dialogs.h"
 
 class wxWindow;
 

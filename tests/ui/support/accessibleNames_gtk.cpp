@@ -1,7 +1,7 @@
 #include <gtk/gtk.h>
 
-#include "windows/support/accessibleNames.h"
-#include "windows/support/pump.h"
+#include "ui/support/accessibleNames.h"
+#include "ui/support/pump.h"
 
 namespace tavisk::test {
 namespace {

@@ -1,6 +1,6 @@
-#include "windows/support/accessibleNames.h"
-#include "windows/support/asked_msw.h"
-#include "windows/support/pump.h"
+#include "ui/support/accessibleNames.h"
+#include "ui/support/asked_msw.h"
+#include "ui/support/pump.h"
 
 namespace tavisk::test {
 namespace {

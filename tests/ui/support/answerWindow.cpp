@@ -1,4 +1,4 @@
-#include "windows/support/answerWindow.h"
+#include "ui/support/answerWindow.h"
 
 #include <algorithm>
 

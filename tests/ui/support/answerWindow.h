@@ -16,12 +16,12 @@
 #include <wx/sizer.h>
 #include <wx/uiaction.h>
 
+#include "base/error.h"
 #include "editor/answerText.h"
 #include "editor/editorSession.h"
-#include "editor/wx/answerBox.h"
-#include "platform/error.h"
-#include "platform/wx/strings.h"
-#include "windows/support/pump.h"
+#include "ui/editor/answerBox.h"
+#include "ui/support/pump.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk::test {
 

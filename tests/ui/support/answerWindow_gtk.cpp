@@ -2,7 +2,7 @@
 #include <cstring>
 #include <gtk/gtk.h>
 
-#include "windows/support/answerWindow.h"
+#include "ui/support/answerWindow.h"
 
 namespace tavisk::test {
 namespace {

@@ -1,14 +1,14 @@
 #include <algorithm>
 #include <wx/msw/wrapwin.h>
 
-#include "windows/support/answerWindow.h"
+#include "ui/support/answerWindow.h"
 // after windows.h
 #include <richedit.h>
 #include <richole.h>
 #include <tom.h>
 #include <wrl/client.h>
 
-#include "windows/support/drawing.h"
+#include "ui/support/drawing.h"
 
 namespace tavisk::test {
 namespace {

@@ -8,7 +8,7 @@
 // after windows.h
 #include <oleacc.h>
 
-#include "platform/wx/strings.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk::test {
 

@@ -1,7 +1,7 @@
 #include <gtk/gtk.h>
 #include <wx/window.h>
 
-#include "windows/support/closing.h"
+#include "ui/support/closing.h"
 
 namespace tavisk::test {
 

@@ -1,6 +1,6 @@
 #include <wx/window.h>
 
-#include "windows/support/closing.h"
+#include "ui/support/closing.h"
 // after those of wxWidgets
 #include <wx/msw/wrapwin.h>
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "windows/support/complaints.h"
+#include "ui/support/complaints.h"
 
 namespace tavisk::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "windows/support/complaints.h"
+#include "ui/support/complaints.h"
 
 namespace tavisk::test {
 

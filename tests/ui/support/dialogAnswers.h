@@ -17,7 +17,7 @@
 #include <wx/stattext.h>
 #include <wx/textdlg.h>
 
-#include "platform/wx/strings.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk::test {
 

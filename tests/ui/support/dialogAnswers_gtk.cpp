@@ -1,7 +1,7 @@
 #include <gtk/gtk.h>
 
-#include "windows/support/dialogAnswers.h"
-#include "windows/support/pump.h"
+#include "ui/support/dialogAnswers.h"
+#include "ui/support/pump.h"
 
 namespace tavisk::test {
 

@@ -1,4 +1,4 @@
-#include "windows/support/dialogAnswers.h"
+#include "ui/support/dialogAnswers.h"
 
 namespace tavisk::test {
 

@@ -1,7 +1,7 @@
 #include <gtk/gtk.h>
 
-#include "windows/support/drawing.h"
-#include "windows/support/pump.h"
+#include "ui/support/drawing.h"
+#include "ui/support/pump.h"
 
 namespace tavisk::test {
 

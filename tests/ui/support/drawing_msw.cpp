@@ -2,8 +2,8 @@
 #include <wx/dcmemory.h>
 #include <wx/msw/wrapwin.h>
 
-#include "windows/support/drawing.h"
-#include "windows/support/pump.h"
+#include "ui/support/drawing.h"
+#include "ui/support/pump.h"
 
 namespace tavisk::test {
 

@@ -8,13 +8,13 @@
 #include <wx/frame.h>
 #include <wx/statbox.h>
 
-#include "editor/wx/answerBox.h"
-#include "editor/wx/editorControls.h"
-#include "editor/wx/helpTree.h"
-#include "editor/wx/pictureBox.h"
-#include "platform/wx/strings.h"
-#include "windows/support/pump.h"
-#include "windows/support/sizeOnScreen.h"
+#include "ui/editor/answerBox.h"
+#include "ui/editor/editorControls.h"
+#include "ui/editor/helpTree.h"
+#include "ui/editor/pictureBox.h"
+#include "ui/support/pump.h"
+#include "ui/support/sizeOnScreen.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk::test {
 

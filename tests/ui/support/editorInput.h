@@ -8,8 +8,8 @@
 #include <wx/timer.h>
 #include <wx/uiaction.h>
 
-#include "windows/support/editorWindow.h"
-#include "windows/support/focus.h"
+#include "ui/support/editorWindow.h"
+#include "ui/support/focus.h"
 
 namespace tavisk::test {
 

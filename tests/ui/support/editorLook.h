@@ -10,7 +10,7 @@
 #include <wx/scrolwin.h>
 #include <wx/stattext.h>
 
-#include "windows/support/editorFrame.h"
+#include "ui/support/editorFrame.h"
 
 namespace tavisk::test {
 

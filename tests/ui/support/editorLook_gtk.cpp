@@ -1,6 +1,6 @@
 #include <gtk/gtk.h>
 
-#include "windows/support/editorLook.h"
+#include "ui/support/editorLook.h"
 
 namespace tavisk::test {
 namespace {

@@ -4,8 +4,8 @@
 // after windows.h
 #include <commctrl.h>
 
-#include "platform/wx/strings.h"
-#include "windows/support/editorLook.h"
+#include "ui/support/editorLook.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk::test {
 namespace {

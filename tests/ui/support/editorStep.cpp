@@ -1,13 +1,13 @@
-#include "windows/support/editorStep.h"
+#include "ui/support/editorStep.h"
 
 #include <wx/image.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
 
+#include "base/text.h"
 #include "editor/imageCommands.h"
-#include "platform/text.h"
-#include "windows/support/answerWindow.h"
-#include "windows/support/treeWindow.h"
+#include "ui/support/answerWindow.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk::test {
 namespace {

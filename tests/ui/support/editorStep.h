@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "windows/support/editorWindow.h"
+#include "ui/support/editorWindow.h"
 
 namespace tavisk::test {
 

@@ -14,13 +14,13 @@
 
 #include "editor/editorSession.h"
 #include "editor/nodeCommands.h"
-#include "editor/wx/answerBox.h"
-#include "editor/wx/frmMain.h"
-#include "editor/wx/helpTree.h"
-#include "editor/wx/pictureBox.h"
-#include "platform/wx/strings.h"
-#include "windows/support/dialogAnswers.h"
-#include "windows/support/pump.h"
+#include "ui/editor/answerBox.h"
+#include "ui/editor/frmMain.h"
+#include "ui/editor/helpTree.h"
+#include "ui/editor/pictureBox.h"
+#include "ui/support/dialogAnswers.h"
+#include "ui/support/pump.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk::test {
 

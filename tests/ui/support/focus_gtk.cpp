@@ -2,8 +2,8 @@
 #include <memory>
 #include <wx/choice.h>
 
-#include "platform/wx/strings.h"
-#include "windows/support/focus.h"
+#include "ui/support/focus.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk::test {
 namespace {

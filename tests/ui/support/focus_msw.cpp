@@ -2,8 +2,8 @@
 #include <wx/dataview.h>
 #include <wx/msw/wrapwin.h>
 
-#include "platform/wx/strings.h"
-#include "windows/support/focus.h"
+#include "ui/support/focus.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk::test {
 

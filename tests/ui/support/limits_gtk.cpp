@@ -1,4 +1,4 @@
-#include "windows/support/limits.h"
+#include "ui/support/limits.h"
 
 namespace tavisk::test {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <wx/msw/wrapwin.h>
 
-#include "windows/support/limits.h"
+#include "ui/support/limits.h"
 // after windows.h
 #include <objbase.h>
 

@@ -6,7 +6,7 @@
 #include <wx/checkbox.h>
 #include <wx/statbox.h>
 
-#include "windows/support/editorWindow.h"
+#include "ui/support/editorWindow.h"
 
 namespace tavisk::test {
 

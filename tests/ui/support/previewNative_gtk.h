@@ -1,7 +1,7 @@
 // What the tests of this desktop's browser ask of it.
 #pragma once
 
-#include "windows/support/previewWindow.h"
+#include "ui/support/previewWindow.h"
 
 namespace tavisk::test {
 

@@ -1,4 +1,4 @@
-#include "windows/support/previewWindow.h"
+#include "ui/support/previewWindow.h"
 
 #include <random>
 #include <wx/image.h>

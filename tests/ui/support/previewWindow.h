@@ -12,10 +12,10 @@
 #include <wx/uiaction.h>
 #include <wx/webview.h>
 
-#include "platform/files.h"
-#include "render/wx/frmPreview.h"
-#include "windows/support/closing.h"
-#include "windows/support/pump.h"
+#include "base/files.h"
+#include "ui/preview/frmPreview.h"
+#include "ui/support/closing.h"
+#include "ui/support/pump.h"
 
 namespace tavisk::test {
 

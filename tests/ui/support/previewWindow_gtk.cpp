@@ -6,7 +6,7 @@
 #include <unistd.h>
 #include <webkit2/webkit2.h>
 
-#include "windows/support/previewNative_gtk.h"
+#include "ui/support/previewNative_gtk.h"
 
 namespace tavisk::test {
 namespace {

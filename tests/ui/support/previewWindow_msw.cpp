@@ -1,14 +1,14 @@
 #include <algorithm>
 #include <wx/eventfilter.h>
 
-#include "windows/support/previewWindow.h"
+#include "ui/support/previewWindow.h"
 // after those of wxWidgets
 #include <wx/msw/ole/activex.h>
 // after windows.h
 #include <exdispid.h>
 
-#include "platform/wx/strings.h"
-#include "windows/support/drawing.h"
+#include "ui/support/drawing.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk::test {
 

@@ -1,7 +1,7 @@
 #include <gtk/gtk.h>
 #include <wx/window.h>
 
-#include "windows/support/sizeOnScreen.h"
+#include "ui/support/sizeOnScreen.h"
 
 namespace tavisk::test {
 

@@ -1,6 +1,6 @@
 #include <wx/window.h>
 
-#include "windows/support/sizeOnScreen.h"
+#include "ui/support/sizeOnScreen.h"
 
 namespace tavisk::test {
 

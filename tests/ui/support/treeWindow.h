@@ -11,8 +11,8 @@
 
 #include "document/helpNames.h"
 #include "editor/editorSession.h"
-#include "editor/wx/helpTree.h"
-#include "windows/support/pump.h"
+#include "ui/editor/helpTree.h"
+#include "ui/support/pump.h"
 
 namespace tavisk::test {
 

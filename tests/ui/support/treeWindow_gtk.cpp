@@ -1,8 +1,8 @@
 #include <gtk/gtk.h>
 #include <map>
 
-#include "editor/wx/helpTreeModel_gtk.h"
-#include "windows/support/treeWindow.h"
+#include "ui/editor/helpTreeModel_gtk.h"
+#include "ui/support/treeWindow.h"
 
 namespace tavisk::test {
 namespace {

@@ -1,7 +1,7 @@
-#include "editor/wx/helpTreeModel_msw.h"
-#include "platform/wx/strings.h"
-#include "windows/support/asked_msw.h"
-#include "windows/support/treeWindow.h"
+#include "ui/editor/helpTreeModel_msw.h"
+#include "ui/support/asked_msw.h"
+#include "ui/support/treeWindow.h"
+#include "ui/toolkit/strings.h"
 
 namespace tavisk::test {
 namespace {

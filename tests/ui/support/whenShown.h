@@ -7,7 +7,7 @@
 #include <wx/eventfilter.h>
 #include <wx/toplevel.h>
 
-#include "windows/support/pump.h"
+#include "ui/support/pump.h"
 
 namespace tavisk::test {
 

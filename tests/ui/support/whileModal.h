@@ -5,7 +5,7 @@
 #include <utility>
 #include <wx/timer.h>
 
-#include "windows/support/previewWindow.h"
+#include "ui/support/previewWindow.h"
 
 namespace tavisk::test {
 
