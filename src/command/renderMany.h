@@ -2,7 +2,7 @@
 #pragma once
 
 #include "command/commandLine.h"
-#include "command/commands.h"
+#include "command/streams.h"
 
 namespace tavisk {
 

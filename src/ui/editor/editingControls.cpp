@@ -2,6 +2,7 @@
 #include <wx/choice.h>
 
 #include "ui/editor/answerBox.h"
+#include "ui/editor/editorControls.h"
 #include "ui/editor/editorParts.h"
 #include "ui/editor/pictureBox.h"
 #include "ui/toolkit/accessible.h"

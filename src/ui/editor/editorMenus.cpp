@@ -7,6 +7,7 @@
 #include <wx/toolbar.h>
 
 #include "editor/nodeCommands.h"
+#include "ui/editor/editorControls.h"
 #include "ui/editor/editorParts.h"
 #include "ui/editor/icons.h"
 #include "ui/toolkit/accessible.h"

@@ -7,9 +7,11 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
-#include "ui/editor/editorControls.h"
+class wxFrame;
 
 namespace tavisk {
+
+struct EditorControls;
 
 /// Distances as on the desktop, in pixels of the window's screen: within a group, and between
 /// groups and around the window.

@@ -2,6 +2,7 @@
 #include <array>
 #include <utility>
 
+#include "ui/editor/editorControls.h"
 #include "ui/editor/editorParts.h"
 #include "ui/toolkit/nativeExtras.h"
 
