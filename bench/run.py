@@ -144,11 +144,11 @@ def microbenchmarks(build):
     return medians([build / "tavisk_bench", "--benchmark_min_time=0.2"], build, "cpu_time")
 
 
-def window_benchmarks(build):
+def ui_benchmarks(build):
     """The same for real windows on a display of their own. What opening takes is time on the
     clock, what a key takes is processor time: each says so to the benchmark itself."""
     measured = "openToIdle|selectNode|moveNode|typeInEditor|typeCharacter|typeBackquote"
-    return medians([ROOT / "tools" / "withDisplay.sh", build / "tavisk_window_bench",
+    return medians([ROOT / "tools" / "withDisplay.sh", build / "tavisk_ui_bench",
                     "--benchmark_min_time=0.1", f"--benchmark_filter={measured}"],
                    build, "real_time")
 
@@ -414,7 +414,7 @@ def main():
         on_disk = disk.against_xmllint(disk.render, ("L",))["L"]
         disk.clear()
     micro = microbenchmarks(build)
-    windows = window_benchmarks(build)
+    windows = ui_benchmarks(build)
 
     rows = goal_rows(render, save, check, scaling, micro, windows)
     widths = [max(len(row[column]) for row in rows) for column in range(4)]

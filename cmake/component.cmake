@@ -8,13 +8,13 @@ add_custom_command(
           "-DICONS=${icons}" -P ${CMAKE_SOURCE_DIR}/tools/embedIcons.cmake
   DEPENDS ${icons} ${CMAKE_SOURCE_DIR}/tools/embedIcons.cmake VERBATIM)
 
-sources_of(window_sources src/ui/*/*.cpp)
-add_library(tavisk_windows STATIC ${window_sources} ${CMAKE_BINARY_DIR}/iconData.cpp)
+sources_of(ui_sources src/ui/*/*.cpp)
+add_library(tavisk_ui STATIC ${ui_sources} ${CMAKE_BINARY_DIR}/iconData.cpp)
 separate_arguments(wx_flags UNIX_COMMAND "${wxWidgets_CXX_FLAGS}")
-target_compile_options(tavisk_windows PUBLIC ${wx_flags})
-target_compile_definitions(tavisk_windows PUBLIC ${wxWidgets_DEFINITIONS})
-target_include_directories(tavisk_windows SYSTEM PUBLIC ${wxWidgets_INCLUDE_DIRS})
-target_link_libraries(tavisk_windows PUBLIC tavisk_core ${wxWidgets_LIBRARIES})
+target_compile_options(tavisk_ui PUBLIC ${wx_flags})
+target_compile_definitions(tavisk_ui PUBLIC ${wxWidgets_DEFINITIONS})
+target_include_directories(tavisk_ui SYSTEM PUBLIC ${wxWidgets_INCLUDE_DIRS})
+target_link_libraries(tavisk_ui PUBLIC tavisk_core ${wxWidgets_LIBRARIES})
 
 # What a host program loads: its public interface is all that can be seen of it.
 sources_of(component_sources ${CMAKE_SOURCE_DIR}/src/component/*.cpp)
@@ -22,7 +22,7 @@ add_library(tavisk_component SHARED ${component_sources})
 target_include_directories(tavisk_component PUBLIC
   $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/include> $<INSTALL_INTERFACE:include>)
 target_compile_definitions(tavisk_component PRIVATE TAVISK_VERSION="${PROJECT_VERSION}")
-target_link_libraries(tavisk_component PRIVATE tavisk_windows)
+target_link_libraries(tavisk_component PRIVATE tavisk_ui)
 if(WIN32)
   include(cmake/component_windows.cmake)
 else()

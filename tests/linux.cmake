@@ -6,7 +6,7 @@ add_test(NAME tools.checkLayers
   COMMAND ${TAVISK_PYTHON} ${CMAKE_CURRENT_SOURCE_DIR}/tools/checkLayersTest.py)
 
 add_subdirectory(browser)
-if(TAVISK_WINDOWS)
+if(TAVISK_UI)
   add_subdirectory(ui)
   add_subdirectory(hosts)
   add_subdirectory(install)
