@@ -1,6 +1,6 @@
 # What is the same for every system is tested once, and what only this one has.
 add_test(NAME layers.includesAndLibraries
-  COMMAND ${TAVISK_PYTHON} ${CMAKE_SOURCE_DIR}/tools/checkLayers.py ${CMAKE_SOURCE_DIR}/src
+  COMMAND ${TAVISK_PYTHON} ${CMAKE_SOURCE_DIR}/tools/checkLayers.py ${CMAKE_SOURCE_DIR}
           --program $<TARGET_FILE:tavisk_command>)
 add_test(NAME tools.checkLayers
   COMMAND ${TAVISK_PYTHON} ${CMAKE_CURRENT_SOURCE_DIR}/tools/checkLayersTest.py)
