@@ -1,8 +1,7 @@
 # libtavisk.so: the windows are GTK's.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(gtk REQUIRED IMPORTED_TARGET gtk+-3.0)
-# The engine that wxWidgets is built on; another version of it in one process would end the process.
-pkg_check_modules(webkit REQUIRED IMPORTED_TARGET webkit2gtk-4.0)
+include(cmake/webkit.cmake)
 target_link_libraries(tavisk_ui PRIVATE PkgConfig::gtk PkgConfig::webkit)
 
 set_target_properties(tavisk_component PROPERTIES
