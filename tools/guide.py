@@ -34,13 +34,15 @@ def around(*controls, margin=0):
 class Book:
     """Pictures of parts of the screen, with frames around what they are about."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, editor):
         self.folder = folder
+        self.editor = editor
 
-    def take(self, name, area=None, marks=()):
-        """`area` is the part that is kept; without it, all but the empty screen."""
+    def take(self, name, area=None, marks=(), window=None):
+        """`area` is the part that is kept; without it, all but the empty screen. `window` is what has
+        to be seen, if it is not the editor."""
         picture = self.folder / f"{name}.png"
-        look(picture)
+        look(picture, window or self.editor)
         words = ["convert", picture, "-fill", "none", "-stroke", MARK, "-strokewidth", "3"]
         for mark in marks:
             x, y, width, height = mark if isinstance(mark, tuple) else around(mark, margin=AROUND)
@@ -239,7 +241,7 @@ def leave(author, book):
     author.button("Preview Help File").click()
     preview = author.windows.window(PREVIEW)
     driver.wait(lambda: preview.find_all("heading"), "the page has no heading")
-    book.take("guide-preview")
+    book.take("guide-preview", window=preview)
     driver.key("Escape")
     driver.wait(lambda: not driver.visible_x_windows(PREVIEW), "the preview is still there")
     author.editor.wait_for("active")
@@ -261,7 +263,8 @@ def main():
         shutil.copyfile(ROOT / "assets" / "cabinet.png", file)
         with subprocess.Popen([arguments.build / "tavisk", "edit", copy]) as process:
             try:
-                author, book = Author(process), Book(arguments.out)
+                author = Author(process)
+                book = Book(arguments.out, author.editor)
                 write(author, book)
                 format_text(author, book)
                 nodes(author, book)
