@@ -14,11 +14,11 @@ build: setup-build build/build.ninja ## the optimised command and component: bui
 run: build ## open the editor on a sample document
 	@tools/openEditor.sh
 
-test: setup-test build/build.ninja ## build and run every test
+test: setup-test tests-configured ## build and run every test
 	@cmake --build --preset release
 	@ctest --preset release --parallel $(JOBS)
 
-debug: setup-build ## a build for the debugger: build-debug/tavisk
+debug: setup-debug ## a build for the debugger: build-debug/tavisk
 	@cmake --preset debug
 	@cmake --build --preset debug
 
@@ -40,7 +40,7 @@ fuzz: setup-fuzz ## run each fuzzer for FUZZ_SECONDS (60)
 package: setup-package build/build.ninja ## the Debian packages: build/packages
 	@cmake --build --preset release --target tavisk_package
 
-test-package: package ## install them into a clean root, try them, remove them (as root)
+test-package: package tests-configured ## install them into a clean root, try them, remove them (as root)
 	@ctest --preset release -C Package --tests-regex '^package'
 
 windows: windows-libraries ## Tavisk.dll for Windows: build/windows/x64, build/windows/x86
@@ -56,7 +56,7 @@ windows-libraries: setup-windows ## the libraries that it links, kept outside th
 	@tools/windows/libraries.sh x64
 	@tools/windows/libraries.sh x86
 
-test-windows: windows setup-show build/build.ninja ## its tests, under Wine
+test-windows: windows setup-show tests-configured ## its tests, under Wine
 	@cmake --build --preset release --target tavisk_command tavisk_pages
 	@cmake --build --preset windows-x64
 	@ctest --preset windows-x64 --parallel $(JOBS) $(WINDOWS_TESTS)
@@ -84,5 +84,10 @@ help: ## this list
 setup-%:
 	@tools/setup.sh $*
 
+# What only runs needs no test, and none of the packages for them.
 build/build.ninja: CMakePresets.json | setup-build
-	@cmake --preset release
+	@cmake --preset release -D TAVISK_TESTS=OFF
+
+.PHONY: tests-configured
+tests-configured: setup-debug build/build.ninja
+	@grep -qs '^TAVISK_TESTS:BOOL=ON' build/CMakeCache.txt || cmake --preset release -D TAVISK_TESTS=ON

@@ -2,8 +2,10 @@
 add_test(NAME layers.includesAndLibraries
   COMMAND ${TAVISK_PYTHON} ${CMAKE_SOURCE_DIR}/tools/checkLayers.py ${CMAKE_SOURCE_DIR}
           --program $<TARGET_FILE:tavisk_command>)
-add_test(NAME tools.checkLayers
-  COMMAND ${TAVISK_PYTHON} ${CMAKE_CURRENT_SOURCE_DIR}/tools/checkLayersTest.py)
+foreach(tool checkLayers setup tour)
+  add_test(NAME tools.${tool}
+    COMMAND ${TAVISK_PYTHON} ${CMAKE_CURRENT_SOURCE_DIR}/tools/${tool}Test.py)
+endforeach()
 
 add_subdirectory(browser)
 if(TAVISK_UI)
