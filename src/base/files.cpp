@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -19,6 +20,9 @@ using fileSystem::OpenFile;
 using fileSystem::Status;
 
 constexpr std::size_t blockSize = std::size_t{64} << 10;
+
+/// Some files of the system say that they are empty and are not.
+constexpr std::size_t smallest = 4096;
 
 bool isName(const std::string& path) {
     return !path.empty() && path.find('\0') == std::string::npos;
@@ -60,16 +64,10 @@ OpenFile openForReading(const std::string& path) {
     raise(lost ? ErrorNumber::pathNotFound : error);
 }
 
-/// Everything that is left. The size is only a hint: a pipe has none and a file may grow.
 std::string readAll(const OpenFile& file, std::size_t sizeHint) {
-    std::string bytes(sizeHint + 1, '\0');
-    std::size_t used = 0;
-    while (const std::size_t got = file.read(bytes.data() + used, bytes.size() - used)) {
-        used += got;
-        if (used == bytes.size()) bytes.resize(used + std::max(used, blockSize));
-    }
-    bytes.resize(used);
-    return bytes;
+    const Bytes bytes =
+        readToEnd([&file](char* to, std::size_t room) { return file.read(to, room); }, sizeHint);
+    return {bytes.data.get(), bytes.size};
 }
 
 /// A new file beside the one that it is going to replace; gone again unless it is moved there.
@@ -221,6 +219,22 @@ void DiskFiles::overwrite(const std::string& path, std::string_view bytes) {
         write(bytes);
         write(tail);
     });
+}
+
+Bytes readToEnd(const std::function<std::size_t(char* to, std::size_t room)>& read,
+                std::size_t sizeHint) {
+    // One byte more than there should be, so that the end is seen without growing, and the NUL.
+    std::size_t capacity = std::max(sizeHint, smallest) + 2;
+    Bytes bytes{std::make_unique_for_overwrite<char[]>(capacity), 0};
+    while (const std::size_t got = read(bytes.data.get() + bytes.size, capacity - bytes.size - 1)) {
+        bytes.size += got;
+        if (bytes.size + 1 < capacity) continue;
+        auto larger = std::make_unique_for_overwrite<char[]>(capacity *= 2);
+        std::memcpy(larger.get(), bytes.data.get(), bytes.size);
+        bytes.data = std::move(larger);
+    }
+    bytes.data[bytes.size] = '\0';
+    return bytes;
 }
 
 }  // namespace tavisk

@@ -1,8 +1,10 @@
 // The file system as the component uses it: whole files in, whole files out.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -47,5 +49,16 @@ public:
                    const std::function<void(const Write& write)>& produce) override;
     void overwrite(const std::string& path, std::string_view bytes) override;
 };
+
+struct Bytes {
+    std::unique_ptr<char[]> data;  ///< followed by a NUL that `size` does not count
+    std::size_t size = 0;
+};
+
+/// Everything that `read` gives, until it gives nothing. It puts up to `room` bytes where it is
+/// told and says how many. The memory is that of the result from the beginning if `sizeHint` is
+/// right; a pipe has no size and a file may grow.
+Bytes readToEnd(const std::function<std::size_t(char* to, std::size_t room)>& read,
+                std::size_t sizeHint);
 
 }  // namespace tavisk

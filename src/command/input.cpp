@@ -2,98 +2,66 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <filesystem>
+#include <cstddef>
+#include <cstdint>
 #include <istream>
-#include <limits>
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <utility>
 
-#include "base/paths.h"
+#include "base/error.h"
+#include "base/fileSystem.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "command/fileError.h"
 #include "command/mappedInput.h"
-#include "command/openInput.h"
 
 namespace tavisk {
 namespace {
 
-constexpr std::size_t firstBlock = std::size_t{64} << 10;
+constexpr std::size_t unknownSize = std::size_t{64} << 10;
 
-/// Grows towards an end that is not known before; one byte is kept for the NUL.
-class Buffer {
-public:
-    explicit Buffer(std::size_t sizeHint) { reserve(sizeHint + 2); }
-
-    /// Room for at least one more byte beside the NUL.
-    std::pair<char*, std::size_t> room() {
-        if (size_ + 1 == capacity_) reserve(capacity_ * 2);
-        return {bytes_.get() + size_, capacity_ - size_ - 1};
-    }
-    void filled(std::size_t count) { size_ += count; }
-
-    dom::Source finish() {
-        bytes_[size_] = '\0';
-        return {std::move(bytes_), size_};
-    }
-
-private:
-    void reserve(std::size_t capacity) {
-        auto bytes = std::make_unique_for_overwrite<char[]>(capacity);
-        if (size_ > 0) std::memcpy(bytes.get(), bytes_.get(), size_);
-        bytes_ = std::move(bytes);
-        capacity_ = capacity;
-    }
-
-    std::unique_ptr<char[]> bytes_;
-    std::size_t size_ = 0;
-    std::size_t capacity_ = 0;
-};
-
-[[noreturn]] void raiseUnreadable(int error, const std::string& path) {
-    const bool missing = error == ENOENT || error == ENOTDIR;
-    throw FileError(missing        ? ErrorNumber::fileNotFound
-                    : error == EIO ? ErrorNumber::deviceError
-                                   : ErrorNumber::permissionDenied,
+/// Where a document should be, a missing folder is a missing file, and what is no file is not to be
+/// read.
+[[noreturn]] void raiseUnreadable(ErrorNumber error, const std::string& path) {
+    const bool missing = error == ErrorNumber::fileNotFound || error == ErrorNumber::pathNotFound;
+    throw FileError(missing                             ? ErrorNumber::fileNotFound
+                    : error == ErrorNumber::deviceError ? ErrorNumber::deviceError
+                                                        : ErrorNumber::permissionDenied,
                     path);
 }
 
+dom::Source sourceOf(Bytes bytes) { return {std::move(bytes.data), bytes.size}; }
+
 dom::Source readFile(const std::string& path, Mapping mapping) {
+    const auto opened = fileSystem::openFile(path, fileSystem::Access::read);
+    if (const ErrorNumber* error = std::get_if<ErrorNumber>(&opened)) raiseUnreadable(*error, path);
+    const auto& file = std::get<fileSystem::OpenFile>(opened);
     if (mapping == Mapping::allowed) {
-        if (std::optional<dom::Source> mapped = mapInput(path)) return std::move(*mapped);
+        if (std::optional<dom::Source> mapped = mapInput(file)) return std::move(*mapped);
     }
-    const InputFile file = openInput(path);
-    if (!file) raiseUnreadable(errno, path);
-    // Straight into the buffer, without a copy in between.
-    std::setvbuf(file.get(), nullptr, _IONBF, 0);
-    std::error_code noSize;
-    const std::uintmax_t size = std::filesystem::file_size(pathOf(path), noSize);
-    Buffer buffer(noSize ? firstBlock : static_cast<std::size_t>(size));
-    for (;;) {
-        const auto [to, room] = buffer.room();
-        const std::size_t got = std::fread(to, 1, room, file.get());
-        buffer.filled(got);
-        if (got == room) continue;
-        if (std::ferror(file.get()) != 0) raiseUnreadable(errno, path);
-        return buffer.finish();
+    try {
+        const std::optional<std::uint64_t> size = file.size();
+        return sourceOf(
+            readToEnd([&file](char* to, std::size_t room) { return file.read(to, room); },
+                      size ? static_cast<std::size_t>(*size) : unknownSize));
+    } catch (const RunTimeError& error) {
+        raiseUnreadable(static_cast<ErrorNumber>(error.number()), path);
     }
 }
 
 dom::Source readStream(std::istream& stream) {
-    Buffer buffer(firstBlock);
     errno = 0;
-    while (stream) {
-        const auto [to, room] = buffer.room();
-        stream.read(to, static_cast<std::streamsize>(room));
-        buffer.filled(static_cast<std::size_t>(stream.gcount()));
-    }
+    Bytes bytes = readToEnd(
+        [&stream](char* to, std::size_t room) {
+            stream.read(to, static_cast<std::streamsize>(room));
+            return static_cast<std::size_t>(stream.gcount());
+        },
+        unknownSize);
     // To the stream a failed read of the system is the end of the input.
     const bool failed = errno == EIO || errno == EISDIR || errno == EBADF;
     if (stream.bad() || failed) throw FileError(ErrorNumber::deviceError, "standard input");
-    return buffer.finish();
+    return sourceOf(std::move(bytes));
 }
 
 enum class ByteOrder { little, big };

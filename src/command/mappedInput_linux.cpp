@@ -2,11 +2,9 @@
 
 #include <csignal>
 #include <cstddef>
-#include <fcntl.h>
 #include <memory>
 #include <string_view>
 #include <sys/mman.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tavisk {
@@ -40,19 +38,13 @@ void* mapWithTail(int file, std::size_t size) {
 
 }  // namespace
 
-std::optional<dom::Source> mapInput(const std::string& path) {
-    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (file < 0) return std::nullopt;
-    struct stat found {};
-    void* bytes = nullptr;
+std::optional<dom::Source> mapInput(const fileSystem::OpenFile& file) {
     // Small files are read faster than mapped.
-    constexpr off_t worthMapping = off_t{256} << 10;
-    if (::fstat(file, &found) == 0 && S_ISREG(found.st_mode) && found.st_size >= worthMapping) {
-        bytes = mapWithTail(file, static_cast<std::size_t>(found.st_size));
-    }
-    ::close(file);
+    constexpr std::size_t worthMapping = std::size_t{256} << 10;
+    const auto size = static_cast<std::size_t>(file.size().value_or(0));
+    if (size < worthMapping) return std::nullopt;
+    void* const bytes = mapWithTail(static_cast<int>(file.handle()), size);
     if (bytes == nullptr) return std::nullopt;
-    const auto size = static_cast<std::size_t>(found.st_size);
     const auto unmap = [size](const char* mapped) {
         const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
         ::munmap(const_cast<char*>(mapped), size / page * page + page);

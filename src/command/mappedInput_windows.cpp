@@ -3,7 +3,7 @@
 namespace tavisk {
 
 /// A file cannot be replaced while it is mapped, and saving over the input does just that.
-std::optional<dom::Source> mapInput(const std::string&) { return std::nullopt; }
+std::optional<dom::Source> mapInput(const fileSystem::OpenFile&) { return std::nullopt; }
 
 void reportShrunkInput() {}
 

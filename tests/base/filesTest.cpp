@@ -1,6 +1,8 @@
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "filesFixture.h"
 
@@ -212,6 +214,42 @@ TEST_F(DiskFiles, FilesOfTheWorkingFolderNeedNoFolderInTheirName) {
     EXPECT_EQ(files.read("a"), "new");
     fs::current_path(before);
     EXPECT_EQ(bytesOf("a"), "new");
+}
+
+/// Gives `bytes` in pieces of at most `piece`, whatever room there is.
+std::string readInPieces(const std::string& bytes, std::size_t piece, std::size_t sizeHint) {
+    std::size_t at = 0;
+    const Bytes read = readToEnd(
+        [&](char* to, std::size_t room) {
+            EXPECT_GT(room, 0U);
+            const std::size_t got = bytes.copy(to, std::min(piece, room), at);
+            at += got;
+            return got;
+        },
+        sizeHint);
+    EXPECT_EQ(read.data[read.size], '\0');
+    return {read.data.get(), read.size};
+}
+
+TEST(ReadToEnd, AnyHintWillDo) {
+    const std::string bytes = std::string(70'000, 'x') + "end";
+    for (const std::size_t hint :
+         {std::size_t{0}, bytes.size() - 1, bytes.size(), bytes.size() + 1, std::size_t{1} << 20})
+        EXPECT_EQ(readInPieces(bytes, bytes.size(), hint), bytes) << hint;
+    EXPECT_EQ(readInPieces(bytes, 7, 100), bytes);
+    EXPECT_EQ(readInPieces("", 1, 0), "");
+}
+
+TEST(ReadToEnd, ARightHintNeedsNoSecondBlock) {
+    const std::string bytes(100'000, 'x');
+    std::vector<const char*> places;
+    const Bytes read = readToEnd(
+        [&](char* to, std::size_t room) {
+            places.push_back(to);
+            return bytes.copy(to, room, places.size() == 1 ? 0 : bytes.size());
+        },
+        bytes.size());
+    EXPECT_EQ(places, (std::vector<const char*>{read.data.get(), read.data.get() + bytes.size()}));
 }
 
 }  // namespace tavisk::test

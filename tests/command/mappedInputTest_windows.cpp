@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <string>
+#include <variant>
 
 #include "command/mappedInput.h"
 #include "support/temporaryFolder.h"
@@ -8,7 +9,9 @@ namespace tavisk::test {
 
 TEST(MappedInput, LargeFilesAreReadSoThatTheyCanBeReplaced) {
     const TemporaryFolder folder;
-    EXPECT_FALSE(mapInput(folder.write("a.xml", std::string(1 << 20, ' '))));
+    const std::string path = folder.write("a.xml", std::string(1 << 20, ' '));
+    const auto file = fileSystem::openFile(path, fileSystem::Access::read);
+    EXPECT_FALSE(mapInput(std::get<fileSystem::OpenFile>(file)));
 }
 
 }  // namespace tavisk::test
