@@ -4,9 +4,10 @@
 #include <array>
 #include <map>
 #include <string_view>
+#include <thread>
 
 #include "base/text.h"
-#include "command/documentName.h"
+#include "command/fileNames.h"
 
 namespace tavisk {
 namespace {
@@ -232,6 +233,10 @@ CommandLine parse(std::span<const std::string> words) {
 }
 
 }  // namespace
+
+std::size_t CommandLine::jobsOrAll() const {
+    return jobs.value_or(std::max(1U, std::thread::hardware_concurrency()));
+}
 
 std::variant<CommandLine, UsageError> parseCommandLine(std::span<const std::string> arguments) {
     try {

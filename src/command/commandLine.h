@@ -1,4 +1,4 @@
-// What the words of a command line ask for.
+// What the words of a command line ask for, and what the process ends with.
 #pragma once
 
 #include <cstddef>
@@ -10,6 +10,9 @@
 
 namespace tavisk {
 
+/// What the process ends with; of several documents the highest one.
+enum class ExitCode : int { done = 0, found = 1, usage = 2, rejected = 3, runTimeError = 4 };
+
 enum class Action { help, version, edit, preview, render, save, check };
 
 struct CommandLine {
@@ -19,7 +22,7 @@ struct CommandLine {
     std::optional<std::string> folder;
     std::optional<std::string> refreshKey;
     std::optional<std::string> output;  ///< "-" is standard output
-    std::optional<std::size_t> jobs;    ///< documents at a time
+    std::optional<std::size_t> jobs;
     bool evaluate = false;
     bool each = false;
     bool standalone = false;
@@ -27,6 +30,8 @@ struct CommandLine {
     bool sarif = false;
 
     const std::string& file() const { return files.front(); }
+    /// How many documents are worked on at a time.
+    std::size_t jobsOrAll() const;
 };
 
 /// One line for the user: what is wrong and where help is.

@@ -4,7 +4,8 @@
 #include <span>
 #include <string>
 
-#include "command/streams.h"
+#include "command/commandLine.h"
+#include "command/output.h"
 
 namespace tavisk {
 

@@ -5,7 +5,7 @@
 
 #include "base/noFiles.h"
 #include "base/paths.h"
-#include "command/documentName.h"
+#include "command/fileNames.h"
 #include "editor/helpSession.h"
 
 namespace tavisk {

@@ -4,7 +4,7 @@
 
 #include "command/commands.h"
 #include "command/mappedInput.h"
-#include "command/terminal.h"
+#include "command/process.h"
 
 int main(int count, char** words) {
     try {

@@ -41,11 +41,6 @@ void writeOutputFile(Files& files, const std::string& path, const Produce& produ
     files.replaceBy(textOf(target), produce);
 }
 
-std::string folderOf(const std::string& path) {
-    const std::string folder = path == "-" ? "" : textOf(pathOf(path).parent_path());
-    return absoluteFolder(folder.empty() ? "." : folder);
-}
-
 void createFolders(Files& files, const std::string& folder) {
     if (files.folderExists(folder)) return;
     const fs::path above = pathOf(folder).parent_path();

@@ -1,7 +1,8 @@
-// Where results go.
+// Where a command reads and writes besides documents, and where its results go.
 #pragma once
 
 #include <functional>
+#include <istream>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -9,6 +10,13 @@
 #include "base/files.h"
 
 namespace tavisk {
+
+struct Streams {
+    std::istream& in;
+    std::ostream& out;
+    std::ostream& err;
+    bool errIsTerminal = false;
+};
 
 /// Hands over a result piece by piece.
 using Produce = std::function<void(const Files::Write& write)>;
@@ -20,13 +28,6 @@ void writeStandardOutput(std::ostream& out, std::string_view text);
 /// The file is replaced whole or not at all. A symbolic link stays one: the file behind it is
 /// replaced.
 void writeOutputFile(Files& files, const std::string& path, const Produce& produce);
-
-/// A folder as the page can name it: from the root, without "." and without a separator at its end.
-/// Links stay as they are.
-std::string absoluteFolder(const std::string& folder);
-
-/// The folder that a file of this name lies in, from the root; the current folder for "-".
-std::string folderOf(const std::string& path);
 
 /// With everything above it.
 void createFolders(Files& files, const std::string& folder);

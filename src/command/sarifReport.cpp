@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "check/rules.h"
-#include "command/relativeAddress.h"
+#include "command/fileNames.h"
 #include "command/reportText.h"
 
 namespace tavisk {

@@ -1,12 +1,10 @@
 #include "command/output.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <streambuf>
 #include <string>
 
-#include "base/paths.h"
 #include "command/commandRun.h"
 #include "command/fileError.h"
 #include "support/errors.h"
@@ -14,8 +12,6 @@
 
 namespace tavisk {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// Takes nothing.
 class ClosedBuffer : public std::streambuf {};
@@ -49,11 +45,6 @@ TEST(Output, ReplacesTheFile) {
     DiskFiles files;
     writeOutputFile(files, folder.path("a.xml"), fresh);
     EXPECT_EQ(folder.read("a.xml"), "new");
-}
-
-TEST(Output, FolderFromHereGetsTheWorkingFolderInFront) {
-    EXPECT_EQ(absoluteFolder("a/b"), textOf(fs::current_path() / "a/b"));
-    EXPECT_EQ(absoluteFolder("."), textOf(fs::current_path()));
 }
 
 TEST(Output, CreatesEveryMissingLevel) {

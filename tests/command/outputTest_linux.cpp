@@ -1,4 +1,4 @@
-// Paths from the root, links and devices.
+// Links and devices.
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -28,24 +28,6 @@ TEST(Output, WritesIntoADeviceAndLeavesItOne) {
     EXPECT_EQ(test::errorOf([&] { writeOutputFile(files, "/dev/null", fresh); }), 0);
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
-
-TEST(Output, FolderFromTheRootStaysAsItIs) { EXPECT_EQ(absoluteFolder("/a/b"), "/a/b"); }
-
-TEST(Output, FolderHasNoSeparatorAtItsEndAndNoIdleSteps) {
-    EXPECT_EQ(absoluteFolder("/a/b/"), "/a/b");
-    EXPECT_EQ(absoluteFolder("/a//./b/."), "/a/b");
-}
-
-TEST(Output, FolderKeepsStepsUpwards) { EXPECT_EQ(absoluteFolder("/a/../b"), "/a/../b"); }
-
-TEST(Output, FolderKeepsLinks) {
-    const test::TemporaryFolder folder;
-    fs::create_directory(folder.path("real"));
-    fs::create_directory_symlink("real", folder.path("link"));
-    EXPECT_EQ(absoluteFolder(folder.path("link")), folder.path("link"));
-}
-
-TEST(Output, RootFolderHasNoSeparatorAtItsEnd) { EXPECT_EQ(absoluteFolder("/"), "/."); }
 
 }  // namespace
 }  // namespace tavisk

@@ -1,4 +1,4 @@
-#include "command/output.h"
+#include "command/fileNames.h"
 
 #include "base/paths.h"
 #include "base/wideText_windows.h"

@@ -1,4 +1,4 @@
-#include "command/relativeAddress.h"
+#include "command/fileNames.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -7,6 +7,30 @@
 
 namespace tavisk {
 namespace {
+
+TEST(DocumentName, IsTheFileNameWithoutExtension) {
+    EXPECT_EQ(documentName("a.xml"), "a");
+    EXPECT_EQ(documentName("x/y.z/a b.c.xml"), "a b.c");
+    EXPECT_EQ(documentName("a"), "a");
+    EXPECT_EQ(documentName("x/\xC3\xA4.xml"), "\xC3\xA4");
+}
+
+TEST(DocumentName, AHiddenFileHasNoExtension) { EXPECT_EQ(documentName(".xml"), ".xml"); }
+
+TEST(DocumentName, OfStandardInput) { EXPECT_EQ(documentName("-"), "document"); }
+
+TEST(DocumentName, FoldersHaveNone) {
+    EXPECT_EQ(documentName("."), "");
+    EXPECT_EQ(documentName("x/.."), "");
+    EXPECT_EQ(documentName("x/"), "");
+}
+
+TEST(StandalonePath, EndsInHtml) { EXPECT_EQ(standalonePath("/out", "x/a.xml"), "/out/a.html"); }
+
+TEST(AbsoluteFolder, FromHereGetsTheWorkingFolderInFront) {
+    EXPECT_EQ(absoluteFolder("a/b"), textOf(std::filesystem::current_path() / "a/b"));
+    EXPECT_EQ(absoluteFolder("."), textOf(std::filesystem::current_path()));
+}
 
 TEST(RelativeAddress, ARelativeNameStaysOne) {
     EXPECT_EQ(relativeAddress("a.xml"), "a.xml");

@@ -1,4 +1,4 @@
-#include "command/renderMany.h"
+#include "command/renderCommand.h"
 
 #include <array>
 #include <ostream>
@@ -7,13 +7,12 @@
 
 #include "base/files.h"
 #include "command/complaint.h"
-#include "command/documentName.h"
 #include "command/fileError.h"
+#include "command/fileNames.h"
 #include "command/inOrder.h"
 #include "command/input.h"
-#include "command/jobs.h"
-#include "command/memory.h"
 #include "command/output.h"
+#include "command/process.h"
 #include "command/progress.h"
 #include "command/rendering.h"
 #include "command/summary.h"
@@ -114,8 +113,8 @@ ExitCode renderMany(const CommandLine& line, const Streams& streams) {
         streams.err << rendered.complaint << std::flush;
     };
     inOrder(
-        line.files.size(), jobsOf(line), [&](std::size_t i) { return maker.make(line.files[i]); },
-        take);
+        line.files.size(), line.jobsOrAll(),
+        [&](std::size_t i) { return maker.make(line.files[i]); }, take);
 
     progress.end();
     const auto endedIn = [&ends](ExitCode exit) { return ends[static_cast<std::size_t>(exit)]; };

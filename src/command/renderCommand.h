@@ -2,7 +2,7 @@
 #pragma once
 
 #include "command/commandLine.h"
-#include "command/streams.h"
+#include "command/output.h"
 
 namespace tavisk {
 

@@ -1,4 +1,4 @@
-// What the command asks of the system that it was started from.
+// What the command asks of the system in its own process.
 #pragma once
 
 #include <string>
@@ -21,5 +21,9 @@ void passBytesThrough();
 /// A closed pipe or a file as long as a limit allows is then an error of the writing call and does
 /// not end the process, which would leave half a file behind.
 void reportFailedWrites();
+
+/// From here on memory that is no longer needed is kept for the next document and not given back to
+/// the system, which would have to clear it first.
+void keepFreedMemory();
 
 }  // namespace tavisk

@@ -1,4 +1,4 @@
-#include "command/checkMany.h"
+#include "command/checkCommand.h"
 
 #include <algorithm>
 #include <memory>
@@ -11,9 +11,8 @@
 #include "command/complaint.h"
 #include "command/inOrder.h"
 #include "command/input.h"
-#include "command/jobs.h"
-#include "command/memory.h"
 #include "command/output.h"
+#include "command/process.h"
 #include "command/progress.h"
 #include "command/sarifReport.h"
 
@@ -76,7 +75,7 @@ ExitCode checkMany(const CommandLine& line, const Streams& streams) {
         streams.err << checked.complaint << std::flush;
     };
     inOrder(
-        line.files.size(), jobsOf(line),
+        line.files.size(), line.jobsOrAll(),
         [&](std::size_t i) { return check(line.files[i], places, streams.in); }, take);
     write(report->end(totals));
     const bool forPrograms = line.json || line.sarif;

@@ -1,4 +1,4 @@
-#include "command/relativeAddress.h"
+#include "command/fileNames.h"
 
 #include <filesystem>
 #include <system_error>
@@ -21,6 +21,22 @@ fs::path shortened(const fs::path& path) {
 }
 
 }  // namespace
+
+std::string documentName(const std::string& file) {
+    if (file == "-") return "document";
+    std::string name = textOf(pathOf(file).stem());
+    if (name == "." || name == "..") return {};
+    return name;
+}
+
+std::string standalonePath(const std::string& folder, const std::string& file) {
+    return folder + '/' + documentName(file) + ".html";
+}
+
+std::string folderOf(const std::string& path) {
+    const std::string folder = path == "-" ? "" : textOf(pathOf(path).parent_path());
+    return absoluteFolder(folder.empty() ? "." : folder);
+}
 
 std::string relativeAddress(const std::string& file) {
     fs::path path = pathOf(file).lexically_normal();

@@ -1,4 +1,4 @@
-#include "command/output.h"
+#include "command/fileNames.h"
 
 #include <filesystem>
 #include <system_error>

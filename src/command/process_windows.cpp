@@ -1,4 +1,4 @@
-#include "command/terminal.h"
+#include "command/process.h"
 
 #include <cstdio>
 #include <fcntl.h>
@@ -43,5 +43,8 @@ void passBytesThrough() {
 
 /// Here they are errors of the call anyway.
 void reportFailedWrites() {}
+
+/// The system's heap keeps what it will need again.
+void keepFreedMemory() {}
 
 }  // namespace tavisk

@@ -1,6 +1,7 @@
-#include "command/terminal.h"
+#include "command/process.h"
 
 #include <csignal>
+#include <malloc.h>
 #include <unistd.h>
 
 namespace tavisk {
@@ -20,6 +21,13 @@ void passBytesThrough() {}
 void reportFailedWrites() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+}
+
+void keepFreedMemory() {
+    // Larger blocks than this go back all the same: the library allows no more. There are no other
+    // threads yet.
+    ::mallopt(M_MMAP_THRESHOLD, 32 << 20);   // NOLINT(concurrency-mt-unsafe)
+    ::mallopt(M_TRIM_THRESHOLD, 256 << 20);  // NOLINT(concurrency-mt-unsafe)
 }
 
 }  // namespace tavisk
