@@ -1,6 +1,5 @@
 #include "command/checkCommand.h"
 
-#include <algorithm>
 #include <memory>
 #include <ostream>
 #include <utility>
@@ -8,12 +7,11 @@
 
 #include "check/check.h"
 #include "command/checkReport.h"
-#include "command/complaint.h"
-#include "command/inOrder.h"
+#include "command/documents.h"
 #include "command/input.h"
 #include "command/output.h"
-#include "command/process.h"
 #include "command/progress.h"
+#include "command/reportText.h"
 #include "command/sarifReport.h"
 
 namespace tavisk {
@@ -24,26 +22,42 @@ struct Checked {
     std::string complaint;  ///< a line, or nothing
 };
 
-Checked check(const std::string& file, Places places, std::istream& standardInput) {
-    Checked checked{{file, {}, {}}, {}};
-    try {
-        std::variant<dom::Source, Message> input = readInput(file, standardInput, Mapping::refused);
-        if (const Message* message = std::get_if<Message>(&input)) {
-            checked.document.findings.push_back(rejection(*message));
-        } else {
-            checked.document.findings =
-                checkDocument(std::get<dom::Source>(std::move(input)), places);
+class Checker {
+public:
+    Checker(const CommandLine& line, const Streams& streams, Progress& progress)
+        : line_(line), streams_(streams), progress_(progress) {}
+
+    /// The error of a document alone travels.
+    Checked check(const std::string& file) const {
+        Checked checked{{file, {}, {}}, {}};
+        try {
+            checked.document.findings = findingsOf(file);
+        } catch (...) {
+            if (line_.isAlone() && !line_.sarif) throw;
+            checked.document.error = currentRunTimeError();
+            checked.complaint = currentComplaint(file);
         }
-    } catch (...) {
-        checked.document.error = currentRunTimeError();
-        checked.complaint = currentComplaint(file);
+        return checked;
     }
-    return checked;
-}
+
+private:
+    Findings findingsOf(const std::string& file) const {
+        if (line_.isAlone()) progress_.phase("reading the document");
+        std::variant<dom::Source, Message> input = readInput(file, streams_.in, mappingFor(line_));
+        if (const Message* message = std::get_if<Message>(&input)) return {rejection(*message)};
+        if (line_.isAlone()) progress_.phase("checking the document");
+        return checkDocument(std::get<dom::Source>(input),
+                             line_.sarif ? Places::wanted : Places::left);
+    }
+
+    const CommandLine& line_;
+    const Streams& streams_;
+    Progress& progress_;
+};
 
 std::unique_ptr<CheckReport> reportFor(const CommandLine& line) {
     if (line.sarif) return sarifReport();
-    return line.json ? jsonReport() : textReport();
+    return line.json ? jsonReport(line.isAlone()) : textReport();
 }
 
 ExitCode exitCodeOf(const CheckTotals& totals) {
@@ -53,10 +67,10 @@ ExitCode exitCodeOf(const CheckTotals& totals) {
 
 }  // namespace
 
-ExitCode checkMany(const CommandLine& line, const Streams& streams) {
-    keepFreedMemory();
+ExitCode checkDocuments(const CommandLine& line, const Streams& streams) {
     Progress progress(streams.err, streams.errIsTerminal);
     progress.phase("checking the documents");
+    const Checker checker(line, streams, progress);
     const std::unique_ptr<CheckReport> report = reportFor(line);
     const auto write = [&](const std::string& text) {
         if (text.empty()) return;
@@ -65,21 +79,19 @@ ExitCode checkMany(const CommandLine& line, const Streams& streams) {
     };
 
     CheckTotals totals;
-    const Places places = line.sarif ? Places::wanted : Places::left;
     write(report->begin());
-    const auto take = [&](const Checked& checked) {
-        totals.count(checked.document);
-        write(report->add(checked.document));
-        if (checked.complaint.empty()) return;
-        progress.end();
-        streams.err << checked.complaint << std::flush;
-    };
-    inOrder(
-        line.files.size(), line.jobsOrAll(),
-        [&](std::size_t i) { return check(line.files[i], places, streams.in); }, take);
+    forEachFile(
+        line, [&](const std::string& file) { return checker.check(file); },
+        [&](const Checked& checked) {
+            totals.count(checked.document);
+            write(report->add(checked.document));
+            if (checked.complaint.empty()) return;
+            progress.end();
+            streams.err << checked.complaint << std::flush;
+        });
     write(report->end(totals));
     const bool forPrograms = line.json || line.sarif;
-    if (forPrograms && line.files.size() > 1) streams.err << summaryLine(totals) << std::flush;
+    if (forPrograms && !line.isAlone()) streams.err << summaryLine(totals) << std::flush;
     return exitCodeOf(totals);
 }
 

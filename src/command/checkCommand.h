@@ -1,4 +1,4 @@
-// `tavisk check` for several documents, and for reports that are the same for one and for several.
+// `tavisk check`: what an author should mend, in one document or in many.
 #pragma once
 
 #include "command/commandLine.h"
@@ -6,6 +6,6 @@
 
 namespace tavisk {
 
-ExitCode checkMany(const CommandLine& line, const Streams& streams);
+ExitCode checkDocuments(const CommandLine& line, const Streams& streams);
 
 }  // namespace tavisk

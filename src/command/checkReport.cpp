@@ -1,7 +1,7 @@
 #include "command/checkReport.h"
 
+#include "command/jsonWriter.h"
 #include "command/reportText.h"
-#include "command/summary.h"
 
 namespace tavisk {
 namespace {
@@ -26,97 +26,77 @@ void appendLine(std::string& text, std::string_view file, const Finding& finding
     text += "]\n";
 }
 
-std::string lines(std::string_view file, const Findings& findings) {
-    std::string text;
-    for (const Finding& finding : findings)
-        appendLine(text, file, finding);
-    return text;
-}
-
 std::string countOf(std::size_t findings) {
     return findings == 0 ? "no findings" : counted(findings, "finding");
 }
 
-void appendStringOrNull(std::string& json, std::string_view text) {
-    if (text.empty()) {
-        json += "null";
-    } else {
-        appendJson(json, text);
-    }
+void writeFinding(JsonWriter& json, const Finding& finding) {
+    json.beginObject().name("severity").text(nameOf(finding.severity));
+    json.name("code").text(finding.code);
+    json.name("key").textOrNull(finding.key);
+    json.name("attribute").textOrNull(finding.attribute);
+    json.name("position");
+    finding.position ? json.number(*finding.position) : json.null();
+    json.name("message").text(finding.message).end();
 }
 
-void appendFinding(std::string& json, const Finding& finding) {
-    json += "{\"severity\": ";
-    appendJson(json, nameOf(finding.severity));
-    json += ", \"code\": ";
-    appendJson(json, finding.code);
-    json += ", \"key\": ";
-    appendStringOrNull(json, finding.key);
-    json += ", \"attribute\": ";
-    appendStringOrNull(json, finding.attribute);
-    json += ", \"position\": ";
-    json += finding.position ? std::to_string(*finding.position) : "null";
-    json += ", \"message\": ";
-    appendJson(json, finding.message);
-    json += '}';
-}
-
-/// The object of one document; with an error, "findings" says nothing.
-std::string object(std::string_view file, const Findings& findings, const RunTimeError* error) {
-    std::string json = "{\"file\": ";
-    appendJson(json, file);
-    if (error != nullptr) {
-        json += R"(, "error": {"number": )" + std::to_string(error->number()) + R"(, "message": )";
-        appendJson(json, error->what());
-        json += '}';
+/// With an error, "findings" says nothing.
+void writeDocument(JsonWriter& json, const CheckedDocument& document) {
+    json.beginObject().name("file").text(document.file);
+    if (document.error) {
+        json.name("error").beginObject();
+        json.name("number").number(static_cast<std::size_t>(document.error->number()));
+        json.name("message").text(document.error->what()).end();
     }
-    json += ", \"findings\": [";
-    for (std::size_t i = 0; i < findings.size(); ++i) {
-        json += i == 0 ? "\n" : ",\n";
-        appendFinding(json, findings[i]);
-    }
-    json += findings.empty() ? "]}" : "\n]}";
-    return json;
+    json.name("findings").beginArray(JsonWriter::Layout::lines);
+    for (const Finding& finding : document.findings)
+        writeFinding(json, finding);
+    json.end().end();
 }
 
 class TextReport final : public CheckReport {
 public:
     std::string add(const CheckedDocument& document) override {
-        return lines(document.file, document.findings);
+        std::string lines;
+        for (const Finding& finding : document.findings)
+            appendLine(lines, document.file, finding);
+        return lines;
     }
-    std::string end(const CheckTotals& totals) override { return summaryLine(totals); }
+    std::string end(const CheckTotals& totals) override {
+        return totals.documents == 1 ? countOf(totals.findings) + '\n' : summaryLine(totals);
+    }
 };
 
 class JsonReport final : public CheckReport {
 public:
-    std::string begin() override { return "{\"documents\": ["; }
+    explicit JsonReport(bool alone) : alone_(alone) {}
+
+    std::string begin() override {
+        if (alone_) return {};
+        json_.beginObject().name("documents").beginArray(JsonWriter::Layout::lines);
+        return json_.take();
+    }
     std::string add(const CheckedDocument& document) override {
-        const char* before = isFirst_ ? "\n" : ",\n";
-        isFirst_ = false;
-        return before + object(document.file, document.findings,
-                               document.error ? &*document.error : nullptr);
+        writeDocument(json_, document);
+        return json_.take();
     }
     std::string end(const CheckTotals& totals) override {
-        return "\n], \"summary\": {\"documents\": " + std::to_string(totals.documents) +
-               ", \"clean\": " + std::to_string(totals.clean) +
-               ", \"withFindings\": " + std::to_string(totals.withFindings()) +
-               ", \"failed\": " + std::to_string(totals.failed) +
-               ", \"findings\": " + std::to_string(totals.findings) + "}}\n";
+        if (alone_) return {};
+        json_.end().name("summary").beginObject();
+        json_.name("documents").number(totals.documents);
+        json_.name("clean").number(totals.clean);
+        json_.name("withFindings").number(totals.withFindings());
+        json_.name("failed").number(totals.failed);
+        json_.name("findings").number(totals.findings).end().end();
+        return json_.take();
     }
 
 private:
-    bool isFirst_ = true;
+    bool alone_;
+    JsonWriter json_;
 };
 
 }  // namespace
-
-std::string textReport(std::string_view file, const Findings& findings) {
-    return lines(file, findings) + countOf(findings.size()) + '\n';
-}
-
-std::string jsonReport(std::string_view file, const Findings& findings) {
-    return object(file, findings, nullptr) + '\n';
-}
 
 void CheckTotals::count(const CheckedDocument& document) {
     ++documents;
@@ -138,6 +118,6 @@ std::string summaryLine(const CheckTotals& totals) {
 
 std::unique_ptr<CheckReport> textReport() { return std::make_unique<TextReport>(); }
 
-std::unique_ptr<CheckReport> jsonReport() { return std::make_unique<JsonReport>(); }
+std::unique_ptr<CheckReport> jsonReport(bool alone) { return std::make_unique<JsonReport>(alone); }
 
 }  // namespace tavisk

@@ -1,21 +1,15 @@
 // What checks found, as text for people and as JSON for programs.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "base/error.h"
 #include "check/finding.h"
 
 namespace tavisk {
-
-/// One line per finding, and how many there are.
-std::string textReport(std::string_view file, const Findings& findings);
-
-/// One object, one finding per line.
-std::string jsonReport(std::string_view file, const Findings& findings);
 
 struct CheckedDocument {
     std::string file;
@@ -45,7 +39,10 @@ public:
     virtual std::string end(const CheckTotals& totals) = 0;
 };
 
+/// One line per finding, and a sum at the end.
 std::unique_ptr<CheckReport> textReport();
-std::unique_ptr<CheckReport> jsonReport();
+
+/// One finding per line. A document that is `alone` is the whole object, several are members of it.
+std::unique_ptr<CheckReport> jsonReport(bool alone);
 
 }  // namespace tavisk

@@ -30,6 +30,7 @@ struct CommandLine {
     bool sarif = false;
 
     const std::string& file() const { return files.front(); }
+    bool isAlone() const { return files.size() == 1; }
     /// How many documents are worked on at a time.
     std::size_t jobsOrAll() const;
 };

@@ -11,11 +11,8 @@
 #include "base/noFiles.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "check/check.h"
 #include "command/checkCommand.h"
-#include "command/checkReport.h"
 #include "command/commandLine.h"
-#include "command/complaint.h"
 #include "command/editResult.h"
 #include "command/fileError.h"
 #include "command/fileNames.h"
@@ -27,6 +24,7 @@
 #include "command/progress.h"
 #include "command/renderCommand.h"
 #include "command/rendering.h"
+#include "command/reportText.h"
 #include "document/helpDocument.h"
 #include "document/nodeKeys.h"
 #include "editor/helpSession.h"
@@ -126,20 +124,6 @@ public:
         return ExitCode::done;
     }
 
-    ExitCode check() {
-        std::variant<dom::Source, Message> input = read();
-        progress_.phase("checking the document");
-        std::vector<Finding> findings;
-        if (const Message* message = std::get_if<Message>(&input)) {
-            findings.push_back(rejection(*message));
-        } else {
-            findings = checkDocument(std::get<dom::Source>(std::move(input)));
-        }
-        writeResult(line_.json ? jsonReport(line_.file(), findings)
-                               : textReport(line_.file(), findings));
-        return findings.empty() ? ExitCode::done : ExitCode::found;
-    }
-
 private:
     std::variant<dom::Source, Message> read() {
         progress_.phase("reading the document");
@@ -192,11 +176,6 @@ private:
         return session.load(std::get<dom::Source>(std::move(input)), HelpSession::Keep::nothing);
     }
 
-    void writeResult(std::string_view text) {
-        progress_.end();
-        writeStandardOutput(streams_.out, text);
-    }
-
     ExitCode reject(const Message& message) {
         progress_.end();
         streams_.err << message.title << ": " << replaceAll(message.text, "\r\n", "\n") << '\n'
@@ -219,6 +198,7 @@ private:
 };
 
 ExitCode run(const CommandLine& line, const Streams& streams) {
+    if (line.files.size() > 1) keepFreedMemory();
     switch (line.action) {
         case Action::edit: return Command(line, streams).edit();
         case Action::preview: return Command(line, streams).preview();
@@ -227,9 +207,7 @@ ExitCode run(const CommandLine& line, const Streams& streams) {
             return line.standalone ? Command(line, streams).renderStandalone()
                                    : Command(line, streams).render();
         case Action::save: return Command(line, streams).save();
-        case Action::check:
-            if (line.sarif || line.files.size() > 1) return checkMany(line, streams);
-            return Command(line, streams).check();
+        case Action::check: return checkDocuments(line, streams);
         case Action::help: writeStandardOutput(streams.out, helpText(line.topic)); break;
         case Action::version:
             writeStandardOutput(streams.out, "tavisk " TAVISK_VERSION "\n");
@@ -239,7 +217,7 @@ ExitCode run(const CommandLine& line, const Streams& streams) {
 }
 
 ExitCode report(const RunTimeError& error, const std::string* file, const Streams& streams) {
-    streams.err << "Run-time error '" << error.number() << "': " << error.what() << '\n';
+    streams.err << describe(error) << '\n';
     if (file != nullptr) streams.err << "File: " << *file << '\n';
     if (error.number() == static_cast<int>(ErrorNumber::cannotLoadObject)) {
         streams.err << missingForWindows();

@@ -6,16 +6,14 @@
 #include <variant>
 
 #include "base/files.h"
-#include "command/complaint.h"
 #include "command/fileError.h"
 #include "command/fileNames.h"
 #include "command/inOrder.h"
 #include "command/input.h"
 #include "command/output.h"
-#include "command/process.h"
 #include "command/progress.h"
 #include "command/rendering.h"
-#include "command/summary.h"
+#include "command/reportText.h"
 
 namespace tavisk {
 namespace {
@@ -99,7 +97,6 @@ private:
 ExitCode renderMany(const CommandLine& line, const Streams& streams) {
     PageMaker maker(line, streams);
     maker.prepare();
-    keepFreedMemory();
     Progress progress(streams.err, streams.errIsTerminal);
     progress.phase("rendering the documents");
 

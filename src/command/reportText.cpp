@@ -1,31 +1,19 @@
 #include "command/reportText.h"
 
-#include <algorithm>
-
-#include "base/text.h"
+#include "check/check.h"
+#include "check/finding.h"
+#include "command/fileError.h"
 
 namespace tavisk {
 namespace {
 
-constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
-
-void appendEscaped(std::string& json, unsigned char byte) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    switch (byte) {
-        case '"': json += "\\\""; break;
-        case '\\': json += "\\\\"; break;
-        case '\n': json += "\\n"; break;
-        case '\r': json += "\\r"; break;
-        case '\t': json += "\\t"; break;
-        default:
-            if (byte >= 0x20) {
-                json += static_cast<char>(byte);
-            } else {
-                json += "\\u00";
-                json += digits[byte >> 4];
-                json += digits[byte & 15];
-            }
-    }
+std::string lineOf(const std::string& file, const std::string& what) {
+    std::string line;
+    appendPlain(line, file);
+    line += ": ";
+    appendPlain(line, what);
+    line += '\n';
+    return line;
 }
 
 }  // namespace
@@ -45,18 +33,43 @@ void appendPlain(std::string& line, std::string_view text) {
     }
 }
 
-void appendJson(std::string& json, std::string_view text) {
-    json += '"';
-    while (!text.empty()) {
-        const std::size_t valid = std::min(findInvalidUtf8(text), text.size());
-        for (const char c : text.substr(0, valid))
-            appendEscaped(json, static_cast<unsigned char>(c));
-        text.remove_prefix(valid);
-        if (text.empty()) break;
-        json += replacementCharacter;
-        text.remove_prefix(1);
+std::string describe(const RunTimeError& error) {
+    return "Run-time error '" + std::to_string(error.number()) + "': " + error.what();
+}
+
+std::string complaint(const std::string& file, const Message& rejection) {
+    return lineOf(file, "rejected: " + tavisk::rejection(rejection).message);
+}
+
+std::string currentComplaint(const std::string& file) {
+    try {
+        throw;
+    } catch (const FileError& error) {
+        const bool own = error.file() == file || (file == "-" && error.file() == "standard input");
+        return lineOf(file, describe(error) + (own ? "" : " (" + error.file() + ')'));
+    } catch (...) {
+        return lineOf(file, describe(currentRunTimeError()));
     }
-    json += '"';
+}
+
+std::string missingPictures(const std::string& file, const std::vector<std::string>& addresses) {
+    std::string lines;
+    for (const std::string& address : addresses)
+        lines += lineOf(file, "warning: the picture " + inQuotes(address) + " is missing");
+    return lines;
+}
+
+std::string counted(std::size_t count, std::string_view what) {
+    std::string text = std::to_string(count);
+    text.append(" ").append(what);
+    if (count != 1) text += 's';
+    return text;
+}
+
+void Summary::add(std::size_t count, std::string_view how) {
+    if (count == 0) return;
+    text_.append(isFirst_ ? ": " : ", ").append(std::to_string(count)).append(" ").append(how);
+    isFirst_ = false;
 }
 
 }  // namespace tavisk

@@ -1,9 +1,13 @@
 #include "command/sarifReport.h"
 
 #include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "check/rules.h"
 #include "command/fileNames.h"
+#include "command/jsonWriter.h"
 #include "command/reportText.h"
 
 namespace tavisk {
@@ -12,115 +16,93 @@ namespace {
 constexpr std::string_view schema =
     "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json";
 
-void appendMember(std::string& json, std::string_view name, std::string_view text) {
-    json.append("\"").append(name).append("\": ");
-    appendJson(json, text);
+void writeMessage(JsonWriter& json, std::string_view name, std::string_view text) {
+    json.name(name).beginObject().name("text").text(text).end();
 }
 
-void appendMessage(std::string& json, std::string_view name, std::string_view text) {
-    json.append("\"").append(name).append("\": {");
-    appendMember(json, "text", text);
-    json += '}';
+void writeRule(JsonWriter& json, const Rule& rule) {
+    json.beginObject().name("id").text(rule.code);
+    writeMessage(json, "shortDescription", rule.description);
+    // Some code-review pages refuse a rule without it.
+    writeMessage(json, "fullDescription",
+                 std::string(rule.description).append(" ").append(rule.remedy));
+    writeMessage(json, "help", rule.remedy);
+    json.end();
 }
 
-void appendArtifact(std::string& json, const std::string& file) {
-    json += "\"artifactLocation\": {";
+/// Leaves the physical location open for what is known of it.
+void beginLocation(JsonWriter& json, const std::string& file) {
+    json.name("locations").beginArray().beginObject().name("physicalLocation").beginObject();
+    json.name("artifactLocation").beginObject();
     if (file == "-") {
-        appendMessage(json, "description", "standard input");
+        writeMessage(json, "description", "standard input");
     } else {
-        appendMember(json, "uri", relativeAddress(file));
+        json.name("uri").text(relativeAddress(file));
     }
-    json += '}';
+    json.end();
 }
 
-void appendResult(std::string& json, const std::string& file, const Finding& finding) {
-    json += '{';
-    appendMember(json, "ruleId", finding.code);
+void writeResult(JsonWriter& json, const std::string& file, const Finding& finding) {
+    json.beginObject().name("ruleId").text(finding.code);
     const auto rule = std::ranges::find(rules, finding.code, &Rule::code);
-    json += R"(, "ruleIndex": )" + std::to_string(rule - rules.begin()) + ", ";
-    appendMember(json, "level", nameOf(finding.severity));
-    json += ", ";
-    appendMessage(json, "message", finding.message);
-    json += R"(, "locations": [{"physicalLocation": {)";
-    appendArtifact(json, file);
+    json.name("ruleIndex").number(static_cast<std::size_t>(rule - rules.begin()));
+    json.name("level").text(nameOf(finding.severity));
+    writeMessage(json, "message", finding.message);
+    beginLocation(json, file);
     // What concerns the whole document is shown at its beginning.
     const Place place = finding.place.value_or(Place{});
-    json += R"(, "region": {"startLine": )" + std::to_string(place.line);
-    if (place.column) json += R"(, "startColumn": )" + std::to_string(*place.column);
-    json += "}}";
+    json.name("region").beginObject().name("startLine").number(place.line);
+    if (place.column) json.name("startColumn").number(*place.column);
+    json.end().end();
     if (!finding.key.empty()) {
-        json += R"(, "logicalLocations": [{)";
-        appendMember(json, "fullyQualifiedName", finding.key);
-        json += "}]";
+        json.name("logicalLocations").beginArray().beginObject();
+        json.name("fullyQualifiedName").text(finding.key).end().end();
     }
-    json += "}]}";
+    json.end().end().end();
 }
 
 class SarifReport final : public CheckReport {
 public:
     std::string begin() override {
-        std::string json = "{\n";
-        appendMember(json, "$schema", schema);
-        json += ",\n\"version\": \"2.1.0\",\n\"runs\": [{\n\"tool\": {\"driver\": {";
-        appendMember(json, "name", "Tavisk");
-        json += ", ";
-        appendMember(json, "version", TAVISK_VERSION);
-        json += ", \"rules\": [";
-        const char* before = "\n";
-        for (const Rule& rule : rules) {
-            json += before;
-            before = ",\n";
-            json += '{';
-            appendMember(json, "id", rule.code);
-            json += ", ";
-            appendMessage(json, "shortDescription", rule.description);
-            json += ", ";
-            // Some code-review pages refuse a rule without it.
-            appendMessage(json, "fullDescription",
-                          std::string(rule.description).append(" ").append(rule.remedy));
-            json += ", ";
-            appendMessage(json, "help", rule.remedy);
-            json += '}';
-        }
-        json += "\n]}},\n\"columnKind\": \"utf16CodeUnits\",\n\"results\": [";
-        return json;
+        json_.beginObject(Layout::lines).name("$schema").text(schema);
+        json_.name("version").text("2.1.0").name("runs").beginArray().beginObject(Layout::lines);
+        json_.name("tool").beginObject().name("driver").beginObject();
+        json_.name("name").text("Tavisk").name("version").text(TAVISK_VERSION);
+        json_.name("rules").beginArray(Layout::lines);
+        for (const Rule& rule : rules)
+            writeRule(json_, rule);
+        json_.end().end().end().name("columnKind").text("utf16CodeUnits");
+        json_.name("results").beginArray(Layout::openLines);
+        return json_.take();
     }
 
     std::string add(const CheckedDocument& document) override {
-        std::string json;
-        for (const Finding& finding : document.findings) {
-            json += beforeResult_;
-            beforeResult_ = ",\n";
-            appendResult(json, document.file, finding);
-        }
-        if (document.error) addFailure(document);
-        return json;
+        for (const Finding& finding : document.findings)
+            writeResult(json_, document.file, finding);
+        if (document.error) failed_.push_back({document.file, *document.error});
+        return json_.take();
     }
 
-    std::string end(const CheckTotals& totals) override {
-        std::string json = "\n],\n\"invocations\": [{\"executionSuccessful\": ";
-        json += totals.failed == 0 ? "true" : "false";
-        json += ", \"toolExecutionNotifications\": [" + failures_;
-        json += failures_.empty() ? "]}]\n" : "\n]}]\n";
-        json += "}]\n}\n";
-        return json;
+    std::string end(const CheckTotals&) override {
+        json_.end().name("invocations").beginArray().beginObject();
+        json_.name("executionSuccessful").truth(failed_.empty());
+        json_.name("toolExecutionNotifications").beginArray(Layout::lines);
+        for (const auto& [file, error] : failed_) {
+            json_.beginObject().name("level").text("error");
+            writeMessage(json_, "message", describe(error));
+            beginLocation(json_, file);
+            json_.end().end().end().end();
+        }
+        json_.end().end().end();
+        json_.end().end().end();
+        return json_.take();
     }
 
 private:
-    void addFailure(const CheckedDocument& document) {
-        failures_ += failures_.empty() ? "\n{" : ",\n{";
-        appendMember(failures_, "level", "error");
-        failures_ += ", ";
-        appendMessage(failures_, "message",
-                      "Run-time error '" + std::to_string(document.error->number()) +
-                          "': " + document.error->what());
-        failures_ += R"(, "locations": [{"physicalLocation": {)";
-        appendArtifact(failures_, document.file);
-        failures_ += "}}]}";
-    }
+    using Layout = JsonWriter::Layout;
 
-    const char* beforeResult_ = "\n";
-    std::string failures_;
+    JsonWriter json_;
+    std::vector<std::pair<std::string, RunTimeError>> failed_;
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "command/complaint.h"
+#include "command/reportText.h"
 
 #include <gtest/gtest.h>
 #include <new>
@@ -51,6 +51,20 @@ TEST(MissingPictures, ALineForEach) {
     EXPECT_EQ(missingPictures("a.xml", {"b.png", "c\n.png"}),
               "a.xml: warning: the picture \"b.png\" is missing\n"
               "a.xml: warning: the picture \"c .png\" is missing\n");
+}
+
+TEST(Counted, OneHasNoS) {
+    EXPECT_EQ(counted(0, "finding"), "0 findings");
+    EXPECT_EQ(counted(1, "finding"), "1 finding");
+    EXPECT_EQ(counted(2, "finding"), "2 findings");
+}
+
+TEST(Summary, WhatDidNotHappenIsLeftOut) {
+    Summary summary(4);
+    summary.add(0, "rendered");
+    summary.add(3, "rejected");
+    summary.add(1, "failed");
+    EXPECT_EQ(summary.text(), "4 documents: 3 rejected, 1 failed");
 }
 
 }  // namespace
