@@ -14,8 +14,8 @@
 #include <libxml/xmlerror.h>
 
 #include "base/text.h"
+#include "xml/startTag.h"
 #include "xml/treeBuilder.h"
-#include "xml/xmlTagLimit.h"
 
 namespace tavisk {
 namespace {

@@ -1,4 +1,4 @@
-#include "xml/xmlTagLimit.h"
+#include "xml/startTag.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -15,41 +15,41 @@ std::string tagWith(std::size_t attributes, const std::string& end = "/>") {
     return xml + end;
 }
 
-TEST(XmlTagLimit, MostAttributesAllowed) {
+TEST(StartTag, MostAttributesAllowed) {
     EXPECT_EQ(findOvergrownTag(tagWith(maxAttributes)), std::string_view::npos);
 }
 
-TEST(XmlTagLimit, OneMoreIsFound) {
+TEST(StartTag, OneMoreIsFound) {
     EXPECT_EQ(findOvergrownTag("<b>\n" + tagWith(maxAttributes + 1)), 4U);
 }
 
-TEST(XmlTagLimit, TextBehindTheTagDoesNotCount) {
+TEST(StartTag, TextBehindTheTagDoesNotCount) {
     std::string text;
     for (std::size_t i = 0; i <= maxAttributes; ++i)
         text += "'text'";
     EXPECT_EQ(findOvergrownTag("<a b='c'>" + text + "</a>"), std::string_view::npos);
 }
 
-TEST(XmlTagLimit, QuotesInCommentsDoNotCount) {
+TEST(StartTag, QuotesInCommentsDoNotCount) {
     std::string text = "<!-- 1 < 2 ";
     for (std::size_t i = 0; i <= maxAttributes; ++i)
         text += "'text', ";
     EXPECT_EQ(findOvergrownTag(text), std::string_view::npos);
 }
 
-TEST(XmlTagLimit, BlanksAroundTheEqualsSignDoNotHide) {
+TEST(StartTag, BlanksAroundTheEqualsSignDoNotHide) {
     std::string tag = "<a";
     for (std::size_t i = 0; i <= maxAttributes; ++i)
         tag += " a =\n''";
     EXPECT_EQ(findOvergrownTag(tag), 0U);
 }
 
-TEST(XmlTagLimit, TagsThatDoNotEndAreLeftToTheParser) {
+TEST(StartTag, TagsThatDoNotEndAreLeftToTheParser) {
     EXPECT_EQ(findOvergrownTag("<a b='" + std::string(500'000, 'x')), std::string_view::npos);
     EXPECT_EQ(findOvergrownTag(tagWith(maxAttributes, "")), std::string_view::npos);
 }
 
-TEST(XmlTagLimit, ReaderRefusesWithLine) {
+TEST(StartTag, ReaderRefusesWithLine) {
     const ParseResult result = readXml("<b>\n" + tagWith(maxAttributes + 1) + "</b>");
     EXPECT_FALSE(result.document);
     EXPECT_EQ(result.reason, "More than 65,535 attributes in one element");

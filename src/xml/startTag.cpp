@@ -1,4 +1,4 @@
-#include "xml/xmlTagLimit.h"
+#include "xml/startTag.h"
 
 namespace tavisk {
 namespace {
