@@ -19,10 +19,9 @@
 namespace tavisk {
 namespace {
 
-/// Tells where the findings stand. The document is as it was parsed.
-void setPlaces(FindingList& findings, const dom::Document& document, const dom::Source& source) {
-    if (findings.findings().empty()) return;
-    SourcePlaces places(document, {source.bytes.get(), source.size});
+/// Tells where the findings stand.
+void setPlaces(FindingList& findings, const dom::Source& source) {
+    SourcePlaces places({source.bytes.get(), source.size});
     for (std::size_t i = 0; i < findings.nodes().size(); ++i) {
         const Finding& finding = findings.findings()[i];
         findings.setPlace(i, places.of(*findings.nodes()[i], finding.attribute, finding.position));
@@ -36,7 +35,7 @@ Findings explain(const Failure& failure, const dom::Source& source, const NodeNu
     auto opened = openHelpDocument(source);
     auto& document = std::get<HelpDocument>(opened);
     findFailingNodes(document, known, found);
-    if (places == Places::wanted) setPlaces(found, *document.articledoc, source);
+    if (places == Places::wanted) setPlaces(found, source);
     explained = explained || found.hasErrors();
     Findings findings = std::move(found).take();
     if (!explained) {
@@ -75,7 +74,7 @@ Findings checkDocument(const dom::Source& source, Places places) {
     const NodeNumbers failing = checkNodes(*document.cabinet, names, list);
     checkFormulas(names, list);
     checkPictures(names, list);
-    if (places == Places::wanted) setPlaces(list, *document.articledoc, source);
+    if (places == Places::wanted) setPlaces(list, source);
 
     const bool plain = list.findings().empty() && pageCannotFail(*document.cabinet, names);
     const bool explained = list.hasErrors();

@@ -4,8 +4,6 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
-#include <vector>
 
 #include "check/finding.h"
 #include "xml/dom.h"
@@ -14,8 +12,8 @@ namespace tavisk {
 
 class SourcePlaces {
 public:
-    /// The document is as it was parsed from `source`, which must stay.
-    SourcePlaces(const dom::Document& document, std::string_view source);
+    /// `source` is what the document was parsed from, and must stay.
+    explicit SourcePlaces(std::string_view source);
 
     /// Of a node's tag; of the text of an attribute, if the tag has it; of the character that
     /// stands at `position` (UTF-16 code units) in that text.
@@ -28,9 +26,7 @@ private:
     void rewind();
 
     std::string_view source_;
-    std::size_t first_ = 0;  ///< behind a byte order mark
-    std::unordered_map<const dom::Node*, std::size_t> numbers_;
-    std::vector<std::size_t> starts_;  ///< by number
+    std::size_t first_;  ///< behind a byte order mark
     // How far lines and the units of the last one are counted: places are mostly asked for in
     // order.
     std::size_t reached_ = 0;

@@ -11,6 +11,9 @@
 namespace tavisk::dom {
 namespace {
 
+// A large document is many of these.
+static_assert(sizeof(void*) != 8 || sizeof(Node) == 88);
+
 constexpr std::size_t nodesPerBlock = 1024;
 
 constexpr Name documentName{"#document", {}};

@@ -89,6 +89,10 @@ public:
     bool hasChildren() const noexcept { return first_ != nullptr; }
     std::size_t childCount() const noexcept;
 
+    /// Byte offset of the markup that the node came with in the document's source. 0 for texts,
+    /// which come without, and for nodes made later.
+    std::size_t sourceOffset() const noexcept { return sourceOffset_; }
+
     /// In the order written. Empty for every node but elements.
     std::span<const Attribute> attributes() const noexcept {
         return {attributes_, attributeCount_};
@@ -107,6 +111,7 @@ private:
     Text text_;
     std::uint32_t attributeCount_ = 0;
     std::uint32_t attributeCapacity_ = 0;
+    std::uint32_t sourceOffset_ = 0;
     NodeType type_ = NodeType::element;
 };
 

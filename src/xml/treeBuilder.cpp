@@ -13,8 +13,10 @@ TreeBuilder::TreeBuilder(Document& document, Source source)
     document_.source_ = std::move(source);
 }
 
-void TreeBuilder::beginElement(const Name* name, std::size_t attributeCount) {
+void TreeBuilder::beginElement(const Name* name, std::size_t attributeCount,
+                               std::size_t sourceOffset) {
     Node* const element = document_.newNode(NodeType::element, name);
+    element->sourceOffset_ = static_cast<std::uint32_t>(sourceOffset);
     document_.link(*current_, element, nullptr);
     current_ = element;
     if (attributeCount == 0) return;
@@ -28,8 +30,10 @@ void TreeBuilder::attribute(const Name* name, std::string_view text) {
     put(attribute.text_, text);
 }
 
-void TreeBuilder::data(NodeType type, std::string_view text, std::string_view name) {
+void TreeBuilder::data(NodeType type, std::string_view text, std::size_t sourceOffset,
+                       std::string_view name) {
     Node* const node = document_.newNode(type, document_.nameFor(type, name));
+    node->sourceOffset_ = static_cast<std::uint32_t>(sourceOffset);
     document_.link(*current_, node, nullptr);
     put(node->text_, text);
 }

@@ -24,14 +24,17 @@ public:
     /// Names may be made more than once; the caller keeps those that come often.
     const Name* name(std::string_view qualified) { return document_.newName(qualified); }
 
-    void beginElement(const Name* name, std::size_t attributeCount);
+    /// `sourceOffset` of the tag's "<".
+    void beginElement(const Name* name, std::size_t attributeCount, std::size_t sourceOffset);
     /// At most as many as announced.
     void attribute(const Name* name, std::string_view text);
     void endElement() noexcept { current_ = current_->parent_; }
 
-    /// A text, CDATA section, comment, instruction (`name`: its target) or document type (`name`:
-    /// its name, `text`: as written).
-    void data(NodeType type, std::string_view text, std::string_view name = {});
+    void text(std::string_view text) { data(NodeType::text, text, 0); }
+    /// A CDATA section, comment, instruction (`name`: its target) or document type (`name`: its
+    /// name, `text`: as written), whose "<" stands at `sourceOffset`.
+    void data(NodeType type, std::string_view text, std::size_t sourceOffset,
+              std::string_view name = {});
 
 private:
     void put(Text& text, std::string_view value);

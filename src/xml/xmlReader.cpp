@@ -38,12 +38,6 @@ std::string_view view(const xmlChar* from, const xmlChar* to) {
     return {reinterpret_cast<const char*>(from), static_cast<std::size_t>(to - from)};
 }
 
-std::size_t skipBlanks(std::string_view text, std::size_t at) {
-    while (at < text.size() && isBlank(text[at]))
-        ++at;
-    return at;
-}
-
 std::string oneLine(std::string_view message) {
     std::string line(message);
     std::ranges::replace_if(line, isBlank, ' ');
@@ -130,6 +124,10 @@ private:
     static xmlSAXHandler handler() {
         xmlSAXHandler sax{};
         sax.initialized = XML_SAX2_MAGIC;
+        // Called behind the XML declaration, of which nothing else tells.
+        sax.startDocument = [](void* self) {
+            event(self, [](Reader& reader) { reader.markupEnd_ = reader.position(); });
+        };
         sax.startElementNs = [](void* self, const xmlChar* local, const xmlChar* prefix,
                                 const xmlChar*, int namespaceCount, const xmlChar** namespaces,
                                 int attributeCount, int, const xmlChar** attributes) {
@@ -237,13 +235,14 @@ private:
             stop("Nesting deeper than 1,000 elements");
             return;
         }
+        const std::size_t begin = passMarkup();
         builder_.beginElement(name(elementNames_, prefix, local),
-                              namespaces.count + attributes.count);
+                              namespaces.count + attributes.count, offsetInAll(begin));
         if (namespaces.count == 0) {
             for (std::size_t i = 0; i < attributes.count; ++i)
                 addAttribute(attributes, i);
         } else {
-            addInWrittenOrder(namespaces, attributes);
+            addInWrittenOrder(source_.substr(begin, position() - begin), namespaces, attributes);
         }
         for (std::size_t i = 0; i < attributes.count && preserveDepth_ == 0; ++i) {
             if (attributes.text(i) == "preserve" && view(attributes.local(i)) == "space" &&
@@ -260,7 +259,7 @@ private:
 
     // Namespace declarations come apart from the attributes: the tag itself tells where they stood.
     // Each of the two lists is in written order already.
-    void addInWrittenOrder(Namespaces namespaces, Attributes attributes) {
+    void addInWrittenOrder(std::string_view tag, Namespaces namespaces, Attributes attributes) {
         std::size_t nextNamespace = 0;
         std::size_t nextAttribute = 0;
         const auto declaration = [&] {
@@ -271,7 +270,8 @@ private:
             const std::string_view address = view(namespaces.pairs[nextNamespace++ * 2 + 1]);
             builder_.attribute(builder_.name(attributeName), address);
         };
-        for (const std::string_view written : namesInTag()) {
+        for (WrittenAttributes inTag(tag); inTag.next();) {
+            const std::string_view written = inTag.name();
             if (written != "xmlns" && !written.starts_with("xmlns:")) {
                 if (nextAttribute < attributes.count) addAttribute(attributes, nextAttribute++);
             } else if (nextNamespace < namespaces.count && written == declaration()) {
@@ -285,32 +285,12 @@ private:
             addAttribute(attributes, nextAttribute++);
     }
 
-    /// Names of the attributes in the start tag that the parser has just read; "<" occurs in a tag
-    /// at its beginning only.
-    std::vector<std::string_view> namesInTag() const {
-        const auto* end = reinterpret_cast<const char*>(context_->input->cur);
-        const std::string_view before(source_.data(),
-                                      static_cast<std::size_t>(end - source_.data()));
-        const std::string_view tag = before.substr(before.rfind('<') + 1);
-        std::vector<std::string_view> names;
-        std::size_t at = tag.find_first_of(" \t\r\n");
-        while (at < tag.size() && (at = skipBlanks(tag, at)) < tag.size()) {
-            const std::size_t nameEnd = tag.find_first_of("= \t\r\n", at);
-            names.push_back(tag.substr(at, nameEnd - at));
-            const std::size_t quote = tag.find_first_of("\"'", nameEnd);
-            if (quote == std::string_view::npos) break;
-            at = tag.find(tag[quote], quote + 1);
-            if (at == std::string_view::npos) break;
-            ++at;
-        }
-        return names;
-    }
-
     void endElement() {
         flushText();
         if (preserveDepth_ == depth_) preserveDepth_ = 0;
         --depth_;
         builder_.endElement();
+        markupEnd_ = position();
     }
 
     // Text arrives in pieces. As long as they follow each other in the source, nothing is copied.
@@ -335,7 +315,7 @@ private:
     void flushText() {
         if (text_.empty()) return;
         if (preserveDepth_ != 0 || !std::ranges::all_of(text_, isBlank)) {
-            builder_.data(NodeType::text, text_);
+            builder_.text(text_);
         }
         text_ = {};
         joined_.clear();
@@ -344,7 +324,7 @@ private:
     void data(NodeType type, std::string_view text, std::string_view target = {}) {
         if (inDocumentType_) return;  // kept with the document type, as written
         flushText();
-        builder_.data(type, text, target);
+        builder_.data(type, text, offsetInAll(passMarkup()), target);
     }
 
     std::size_t position() const {
@@ -352,33 +332,32 @@ private:
                                         source_.data());
     }
 
+    /// Where the markup begins that the parser has just read: no "<" stands between it and the
+    /// markup before.
+    std::size_t passMarkup() {
+        const std::size_t begin = std::min(source_.find('<', markupEnd_), source_.size());
+        markupEnd_ = position();
+        return begin;
+    }
+
+    /// A byte order mark is a part of what the document keeps.
+    std::size_t offsetInAll(std::size_t offset) const {
+        return offset + (builder_.source().size() - source_.size());
+    }
+
     void beginDocumentType(std::string_view documentTypeName) {
         inDocumentType_ = true;
         documentTypeName_ = documentTypeName;
-        documentTypeStart_ = findDocumentType();
+        documentTypeStart_ = passMarkup();
     }
 
     void endDocumentType() {
         if (!inDocumentType_) return;
         inDocumentType_ = false;
+        markupEnd_ = position();
         builder_.data(NodeType::documentType,
-                      source_.substr(documentTypeStart_, position() - documentTypeStart_),
-                      documentTypeName_);
-    }
-
-    /// Only the declaration, comments, instructions and white space come before it.
-    std::size_t findDocumentType() const {
-        std::size_t at = 0;
-        for (;;) {
-            at = skipBlanks(source_, at);
-            if (source_.substr(at).starts_with("<!--")) {
-                at = source_.find("-->", at + 4) + 3;
-            } else if (source_.substr(at).starts_with("<?")) {
-                at = source_.find("?>", at) + 2;
-            } else {
-                return at;
-            }
-        }
+                      source_.substr(documentTypeStart_, markupEnd_ - documentTypeStart_),
+                      offsetInAll(documentTypeStart_), documentTypeName_);
     }
 
     dom::TreeBuilder& builder_;
@@ -396,6 +375,7 @@ private:
     bool inDocumentType_ = false;
     std::string documentTypeName_;
     std::size_t documentTypeStart_ = 0;
+    std::size_t markupEnd_ = 0;  ///< at or behind the last "<" that counts, before the next
 };
 
 bool startsWithDeclaration(std::string_view source) {

@@ -13,7 +13,7 @@ namespace {
 Place placeOf(std::string_view xml, std::string_view element, std::string_view attribute = "",
               std::optional<std::size_t> position = std::nullopt) {
     const auto document = test::parsed(xml);
-    return SourcePlaces(*document, xml).of(test::element(*document, element), attribute, position);
+    return SourcePlaces(xml).of(test::element(*document, element), attribute, position);
 }
 
 TEST(SourcePlaces, TheTagOfAnElement) {
@@ -48,7 +48,7 @@ TEST(SourcePlaces, AGreaterThanSignInAnAttributeEndsNoTag) {
 TEST(SourcePlaces, CommentsAndInstructions) {
     const std::string_view xml = "<a><b/><!--c--><?d e?></a>";
     const auto document = test::parsed(xml);
-    SourcePlaces places(*document, xml);
+    SourcePlaces places(xml);
     const dom::Node* comment = test::element(*document, "b").next();
     EXPECT_EQ(places.of(*comment, "", std::nullopt), (Place{1, 8}));
     EXPECT_EQ(places.of(*comment->next(), "", std::nullopt), (Place{1, 16}));
@@ -57,8 +57,7 @@ TEST(SourcePlaces, CommentsAndInstructions) {
 TEST(SourcePlaces, ATextIsWhereItsElementIs) {
     const std::string_view xml = "<a><b>text</b></a>";
     const auto document = test::parsed(xml);
-    EXPECT_EQ(SourcePlaces(*document, xml)
-                  .of(*test::element(*document, "b").firstChild(), "", std::nullopt),
+    EXPECT_EQ(SourcePlaces(xml).of(*test::element(*document, "b").firstChild(), "", std::nullopt),
               (Place{1, 4}));
 }
 
@@ -106,7 +105,7 @@ TEST(SourcePlaces, AByteOrderMarkHasNoColumn) {
 TEST(SourcePlaces, PlacesMayBeAskedForInAnyOrder) {
     const std::string_view xml = "<a>\n<b/>\n<c/><d/></a>";
     const auto document = test::parsed(xml);
-    SourcePlaces places(*document, xml);
+    SourcePlaces places(xml);
     const auto of = [&](std::string_view name) {
         return places.of(test::element(*document, name), "", std::nullopt);
     };
@@ -123,7 +122,7 @@ TEST(SourcePlaces, EveryElementIsFoundAmongEverythingElse) {
         "<!----><a x=\"'>\"><![CDATA[]]><b/>text<?q?>&lt;b><c\n d = '&#62;>'\n/><![CDATA[<b>]]]]>"
         "<![CDATA[>]]><b>\xF0\x9F\x98\x80<d/></b>\r\n<e ></e ><f/></a><!-- <f/> --><?r?>\n";
     const auto document = test::parsed(xml);
-    SourcePlaces places(*document, xml);
+    SourcePlaces places(xml);
     std::size_t count = 0;
     const dom::Node& root = document->root();
     for (const dom::Node* node = nextInDocument(root, root); node != nullptr;

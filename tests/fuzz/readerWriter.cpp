@@ -1,6 +1,7 @@
 // Any bytes: a document that is written and read again as the same tree, or a reason and a line.
 #include "fuzz/fuzz.h"
 #include "reference/domBridge.h"
+#include "reference/plainPlaces.h"
 #include "xml/xmlReader.h"
 #include "xml/xmlWriter.h"
 
@@ -33,6 +34,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace tavisk;
     const ParseResult result = readXml(fuzz::bytesOf(data, size));
     if (result.document) {
+        fuzz::require(reference::markupStarts(*result.document) ==
+                          reference::markupStarts(fuzz::bytesOf(data, size)),
+                      "every node knows where it stood");
         fuzz::requireSameTree(*result.document);
     } else {
         fuzz::requireReason(result);

@@ -10,6 +10,7 @@
 #include "reference/domBridge.h"
 #include "reference/exportReference.h"
 #include "reference/pageReference.h"
+#include "reference/plainPlaces.h"
 #include "support/memoryFiles.h"
 #include "support/xml.h"
 #include "xml/xmlReader.h"
@@ -205,6 +206,13 @@ TEST(Differential, FormulaExport) {
 TEST(Differential, LoadedTree) {
     forEachRandomDocument([](const TestDocument& document) {
         return difference(plainOf(test::parsed(document.xml)->root()), document.plain);
+    });
+}
+
+TEST(Differential, PlaceOfEveryNode) {
+    forEachRandomDocument([](const TestDocument& document) {
+        const auto parsed = test::parsed(document.xml);
+        return markupStarts(*parsed) == markupStarts(document.xml) ? "" : "places differ";
     });
 }
 

@@ -1,6 +1,10 @@
 // The tree of the document object model as a plain tree.
 #pragma once
 
+#include <cstddef>
+#include <string>
+#include <vector>
+
 #include "reference/plainText.h"
 #include "reference/plainTree.h"
 #include "xml/dom.h"
@@ -34,6 +38,17 @@ inline PlainNode plainOf(const dom::Node& node) {
         plain.children.push_back(plainOf(*child));
     }
     return plain;
+}
+
+/// Where the document's nodes say that they stood, in their order, as `markupStarts` finds it.
+inline std::vector<std::size_t> markupStarts(const dom::Document& document) {
+    std::vector<std::size_t> starts;
+    const dom::Node& root = document.root();
+    for (const dom::Node* node = nextInDocument(root, root); node != nullptr;
+         node = nextInDocument(*node, root)) {
+        if (node->type() != dom::NodeType::text) starts.push_back(node->sourceOffset());
+    }
+    return starts;
 }
 
 }  // namespace tavisk::reference

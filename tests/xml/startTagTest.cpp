@@ -56,5 +56,25 @@ TEST(StartTag, ReaderRefusesWithLine) {
     EXPECT_EQ(result.line, 2);
 }
 
+/// "name@offset of its text" for each attribute.
+std::string written(std::string_view tag) {
+    std::string found;
+    for (WrittenAttributes attributes(tag); attributes.next();)
+        found.append(attributes.name()).append(1, '@') +=
+            std::to_string(attributes.textBegin()) + ' ';
+    return found;
+}
+
+TEST(StartTag, AttributesAsTheyAreWritten) {
+    EXPECT_EQ(written("<a b='1' xmlns:c = \"2\"\r\n\td=''/>"), "b@6 xmlns:c@20 d@28 ");
+}
+
+TEST(StartTag, WhatIsBehindItsEndIsLeft) {
+    EXPECT_EQ(written("<a/> b='1'"), "");
+    EXPECT_EQ(written("<a> b='1'"), "");
+    EXPECT_EQ(written("<a b='/>' > c='1'"), "b@6 ");
+    EXPECT_EQ(written("<a b='1'"), "b@6 ");
+}
+
 }  // namespace
 }  // namespace tavisk

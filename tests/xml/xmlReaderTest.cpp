@@ -292,6 +292,24 @@ TEST(XmlReader, DefaultsOfADocumentTypeGoBehindTheWrittenAttributes) {
               type + "<a z=\"1\" xmlns=\"u\" y=\"2\" xmlns:q=\"w\" v=\"d\"/>");
 }
 
+TEST(XmlReader, NodesTellWhereTheyStood) {
+    const std::string xml =
+        "\xEF\xBB\xBF<?xml version='1.0'?>\n<!-- <a> --><!DOCTYPE a [<!-- <a> -->]>\n<?p <a>?>"
+        "<a x='>' xmlns='u'><![CDATA[<b>]]><![CDATA[]]>text<b/>&lt;<c></c ><?q?><!----></a><?r?>";
+    const auto document = parsed(xml);
+    const Node& root = document->root();
+    std::string found;
+    for (const Node* node = nextInDocument(root, root); node != nullptr;
+         node = nextInDocument(*node, root)) {
+        if (node->type() == NodeType::text) {
+            EXPECT_EQ(node->sourceOffset(), 0U);
+        } else {
+            found += xml.substr(node->sourceOffset(), 5) + '|';
+        }
+    }
+    EXPECT_EQ(found, "<!-- |<!DOC|<?p <|<a x=|<![CD|<![CD|<b/>&|<c></|<?q?>|<!---|<?r?>|");
+}
+
 TEST(XmlReader, ManyDifferentNamesAreRead) {
     std::string xml = "<a>";
     for (int i = 0; i < 20'000; ++i)
