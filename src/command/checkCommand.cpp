@@ -3,7 +3,6 @@
 #include <memory>
 #include <ostream>
 #include <utility>
-#include <variant>
 
 #include "check/check.h"
 #include "command/checkReport.h"
@@ -32,6 +31,8 @@ public:
         Checked checked{{file, {}, {}}, {}};
         try {
             checked.document.findings = findingsOf(file);
+        } catch (const Rejected& rejected) {
+            checked.document.findings.push_back(rejection(rejected.message()));
         } catch (...) {
             if (line_.isAlone() && !line_.sarif) throw;
             checked.document.error = currentRunTimeError();
@@ -43,11 +44,9 @@ public:
 private:
     Findings findingsOf(const std::string& file) const {
         if (line_.isAlone()) progress_.phase("reading the document");
-        std::variant<dom::Source, Message> input = readInput(file, streams_.in, mappingFor(line_));
-        if (const Message* message = std::get_if<Message>(&input)) return {rejection(*message)};
+        const dom::Source source = readInput(file, streams_.in, mappingFor(line_));
         if (line_.isAlone()) progress_.phase("checking the document");
-        return checkDocument(std::get<dom::Source>(input),
-                             line_.sarif ? Places::wanted : Places::left);
+        return checkDocument(source, line_.sarif ? Places::wanted : Places::left);
     }
 
     const CommandLine& line_;

@@ -31,6 +31,8 @@ struct CommandLine {
 
     const std::string& file() const { return files.front(); }
     bool isAlone() const { return files.size() == 1; }
+    /// Whether the result is one as well, without a folder and a line of its own.
+    bool isOne() const { return isAlone() && !each; }
     /// How many documents are worked on at a time.
     std::size_t jobsOrAll() const;
 };

@@ -10,7 +10,6 @@
 #include "base/error.h"
 #include "base/noFiles.h"
 #include "base/paths.h"
-#include "base/text.h"
 #include "command/checkCommand.h"
 #include "command/commandLine.h"
 #include "command/editResult.h"
@@ -23,7 +22,6 @@
 #include "command/process.h"
 #include "command/progress.h"
 #include "command/renderCommand.h"
-#include "command/rendering.h"
 #include "command/reportText.h"
 #include "document/helpDocument.h"
 #include "document/nodeKeys.h"
@@ -41,67 +39,28 @@ public:
         : line_(line), streams_(streams), progress_(streams.err, streams.errIsTerminal) {}
 
     ExitCode edit() {
-        const std::variant<std::string, Message> input = readText();
-        if (const Message* message = std::get_if<Message>(&input)) return reject(*message);
-        const auto& text = std::get<std::string>(input);
+        const std::string text = readText();
         const std::string edited = Component().editXML(text);
         writeEdited(text, edited);
         return ExitCode::done;
     }
 
     ExitCode preview() {
-        const std::variant<std::string, Message> input = readText();
-        if (const Message* message = std::get_if<Message>(&input)) return reject(*message);
-        Component().previewXML(std::get<std::string>(input), line_.evaluate);
-        return ExitCode::done;
-    }
-
-    ExitCode render() {
-        std::variant<dom::Source, Message> input = read();
-        if (const Message* message = std::get_if<Message>(&input)) return reject(*message);
-        const std::string folder = absoluteFolder(*line_.folder);
-        const auto message = renderPage(files_, folder, std::get<dom::Source>(std::move(input)),
-                                        line_.evaluate, progress_);
-        return message ? reject(*message) : ExitCode::done;
-    }
-
-    ExitCode renderStandalone() {
-        std::variant<dom::Source, Message> input = read();
-        if (const Message* message = std::get_if<Message>(&input)) return reject(*message);
-        const std::optional<std::string> folder =
-            line_.folder ? std::optional(absoluteFolder(*line_.folder)) : std::nullopt;
-        const std::string path =
-            line_.output ? *line_.output : standalonePath(*folder, line_.file());
-        keepDocument(line_.file(), path);
-        if (!line_.output) createFolders(files_, *folder);
-        const auto output = [&](const Produce& page) {
-            if (path != "-") {
-                writeOutputFile(files_, path, page);
-                return;
-            }
-            // Not half a page.
-            std::string whole;
-            page([&whole](std::string_view piece) { whole += piece; });
-            progress_.end();
-            writeStandardOutput(streams_.out, whole);
-        };
-        const StandaloneResult result =
-            tavisk::renderStandalone(files_, {folderOf(path), folder, line_.evaluate},
-                                     std::get<dom::Source>(std::move(input)), output, progress_);
-        if (result.rejection) return reject(*result.rejection);
-        progress_.end();
-        streams_.err << missingPictures(line_.file(), result.missing) << std::flush;
+        const std::string text = readText();
+        Component().previewXML(text, line_.evaluate);
         return ExitCode::done;
     }
 
     ExitCode save() {
-        std::variant<dom::Source, Message> input = read();
-        if (const Message* message = std::get_if<Message>(&input)) return reject(*message);
+        dom::Source source = read();
         // Without a folder there is no cabinet picture, which saving would remove again anyway.
         NoFiles none;
         HelpSession session = line_.folder ? HelpSession(files_, absoluteFolder(*line_.folder))
                                            : HelpSession(none, "");
-        if (const auto message = load(session, std::move(input))) return reject(*message);
+        progress_.phase("loading the document");
+        if (auto message = session.load(std::move(source), HelpSession::Keep::nothing)) {
+            throw Rejected(*message);
+        }
 
         progress_.phase("saving the document");
         if (line_.refreshKey) {
@@ -125,22 +84,20 @@ public:
     }
 
 private:
-    std::variant<dom::Source, Message> read() {
+    dom::Source read() {
         progress_.phase("reading the document");
         return readInput(line_.file(), streams_.in);
     }
 
     /// What the component is handed. It ends at a NUL, so a text with one inside, which is no XML,
     /// is rejected here.
-    std::variant<std::string, Message> readText() {
-        std::variant<dom::Source, Message> input = read();
+    std::string readText() {
+        const dom::Source source = read();
         progress_.end();
-        if (Message* message = std::get_if<Message>(&input)) return std::move(*message);
-        const auto& source = std::get<dom::Source>(input);
         std::string text(source.bytes.get(), source.size);
         if (text.find('\0') == std::string::npos) return text;
         auto opened = openHelpDocument(dom::Source::copy(text));
-        if (Message* message = std::get_if<Message>(&opened)) return std::move(*message);
+        if (const Message* message = std::get_if<Message>(&opened)) throw Rejected(*message);
         raise(ErrorNumber::invalidArgument);
     }
 
@@ -171,18 +128,6 @@ private:
         }
     }
 
-    std::optional<Message> load(HelpSession& session, std::variant<dom::Source, Message> input) {
-        progress_.phase("loading the document");
-        return session.load(std::get<dom::Source>(std::move(input)), HelpSession::Keep::nothing);
-    }
-
-    ExitCode reject(const Message& message) {
-        progress_.end();
-        streams_.err << message.title << ": " << replaceAll(message.text, "\r\n", "\n") << '\n'
-                     << std::flush;
-        return ExitCode::rejected;
-    }
-
     ExitCode refuseKey() {
         progress_.end();
         streams_.err << "tavisk save: no node has the key \"" << *line_.refreshKey << "\"\n"
@@ -202,10 +147,7 @@ ExitCode run(const CommandLine& line, const Streams& streams) {
     switch (line.action) {
         case Action::edit: return Command(line, streams).edit();
         case Action::preview: return Command(line, streams).preview();
-        case Action::render:
-            if (line.each || line.files.size() > 1) return renderMany(line, streams);
-            return line.standalone ? Command(line, streams).renderStandalone()
-                                   : Command(line, streams).render();
+        case Action::render: return renderDocuments(line, streams);
         case Action::save: return Command(line, streams).save();
         case Action::check: return checkDocuments(line, streams);
         case Action::help: writeStandardOutput(streams.out, helpText(line.topic)); break;
@@ -241,8 +183,8 @@ ExitCode runCommand(std::span<const std::string> arguments, const Streams& strea
     } catch (const ComponentMissing& error) {
         streams.err << "tavisk: " << error.what() << '\n' << std::flush;
         return ExitCode::runTimeError;
-    } catch (const DocumentRejected&) {
-        streams.err << "tavisk: the document was rejected\n" << std::flush;
+    } catch (const Rejected& rejected) {
+        streams.err << inFull(rejected.message()) << std::flush;
         return ExitCode::rejected;
     } catch (...) {
         return report(currentRunTimeError(), nullptr, streams);

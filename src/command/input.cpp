@@ -99,25 +99,24 @@ std::size_t findLoneSurrogate(std::u16string_view text) {
     return std::u16string_view::npos;
 }
 
-Message parseError(std::u16string_view before) {
+[[noreturn]] void reject(std::u16string_view before) {
     const auto line = 1 + std::ranges::count(before, u'\n');
-    return {"The text is not valid Unicode\r\nline " + std::to_string(line)};
+    throw Rejected({"The text is not valid Unicode\r\nline " + std::to_string(line)});
 }
 
-std::variant<dom::Source, Message> fromUtf16(std::string_view bytes, ByteOrder order) {
+dom::Source fromUtf16(std::string_view bytes, ByteOrder order) {
     const std::u16string units = codeUnits(bytes, order);
     const std::u16string_view text = units;
     if (const std::size_t lone = findLoneSurrogate(text); lone != std::u16string_view::npos) {
-        return parseError(text.substr(0, lone));
+        reject(text.substr(0, lone));
     }
-    if (bytes.size() % 2 != 0) return parseError(text);
+    if (bytes.size() % 2 != 0) reject(text);
     return dom::Source::copy(toUtf8(text));
 }
 
 }  // namespace
 
-std::variant<dom::Source, Message> readInput(const std::string& file, std::istream& standardInput,
-                                             Mapping mapping) {
+dom::Source readInput(const std::string& file, std::istream& standardInput, Mapping mapping) {
     dom::Source source = file == "-" ? readStream(standardInput) : readFile(file, mapping);
     const std::string_view bytes(source.bytes.get(), source.size);
     if (const std::optional<ByteOrder> order = utf16Order(bytes)) return fromUtf16(bytes, *order);

@@ -6,7 +6,9 @@
 #include <tavisk/tavisk.h>
 #include <type_traits>
 
+#include "base/error.h"
 #include "base/paths.h"
+#include "command/input.h"
 #include "command/library.h"
 
 namespace tavisk {
@@ -46,7 +48,8 @@ using Handle = std::unique_ptr<char, void (*)(void*)>;
 
 void check(int number) {
     const auto error = static_cast<ErrorNumber>(number);
-    if (error == ErrorNumber::objectUnloaded) throw DocumentRejected();
+    if (error == ErrorNumber::objectUnloaded)
+        throw Rejected({"the document was rejected", "tavisk"});
     if (number != 0) raise(error);
 }
 

@@ -5,8 +5,6 @@
 #include <stdexcept>
 #include <string>
 
-#include "base/error.h"
-
 namespace tavisk {
 
 /// Says in one line why the component cannot be loaded.
@@ -15,18 +13,13 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Error 364: the document was rejected, and the user has been told in a window.
-class DocumentRejected : public RunTimeError {
-public:
-    DocumentRejected() : RunTimeError(ErrorNumber::objectUnloaded) {}
-};
-
 class Component {
 public:
     /// Looks beside the command, then in "../lib", then where the system keeps libraries.
     Component();
 
-    /// The document as the user left it. No NUL may be inside.
+    /// The document as the user left it. No NUL may be inside. Throws Rejected when the user has
+    /// been told in a window why it is no document.
     std::string editXML(const std::string& xml) const;
     void previewXML(const std::string& xml, bool evaluateFormula) const;
 

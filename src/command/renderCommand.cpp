@@ -1,16 +1,16 @@
 #include "command/renderCommand.h"
 
+#include <algorithm>
 #include <array>
+#include <optional>
 #include <ostream>
+#include <string>
 #include <utility>
-#include <variant>
 
 #include "base/files.h"
+#include "command/documents.h"
 #include "command/fileError.h"
 #include "command/fileNames.h"
-#include "command/inOrder.h"
-#include "command/input.h"
-#include "command/output.h"
 #include "command/progress.h"
 #include "command/rendering.h"
 #include "command/reportText.h"
@@ -34,86 +34,107 @@ void copyOwnAssets(Files& files, const std::string& from, const std::string& to)
 
 class PageMaker {
 public:
-    PageMaker(const CommandLine& line, const Streams& streams)
-        : line_(line), streams_(streams), folder_(absoluteFolder(*line.folder)) {}
-
-    void prepare() {
-        DiskFiles disk;
-        NamingFiles files(disk);
-        createFolders(files, folder_);
+    PageMaker(const CommandLine& line, const Streams& streams, Progress& progress)
+        : line_(line), streams_(streams), progress_(progress) {
+        if (line.folder) folder_ = absoluteFolder(*line.folder);
     }
 
+    /// The error of a document alone travels.
     Rendered make(const std::string& file) const {
         try {
-            std::variant<dom::Source, Message> input =
-                readInput(file, streams_.in, Mapping::refused);
-            if (const Message* message = std::get_if<Message>(&input)) {
-                return rejected(file, *message);
-            }
-            auto source = std::get<dom::Source>(std::move(input));
-            return line_.standalone ? makeStandalone(file, std::move(source))
-                                    : makeFolder(file, std::move(source));
+            if (line_.isOne()) progress_.phase("reading the document");
+            dom::Source source = readInput(file, streams_.in, mappingFor(line_));
+            if (line_.standalone) return makeStandalone(file, std::move(source));
+            makeFolder(file, std::move(source));
+            return {};
         } catch (...) {
-            return {ExitCode::runTimeError, currentComplaint(file)};
+            if (line_.isOne()) throw;
+            return failed(file);
         }
     }
 
 private:
-    static Rendered rejected(const std::string& file, const Message& message) {
-        return {ExitCode::rejected, complaint(file, message)};
+    static Rendered failed(const std::string& file) {
+        const std::string what = currentComplaint(file);
+        try {
+            throw;
+        } catch (const Rejected&) {
+            return {ExitCode::rejected, what};
+        } catch (...) {
+            return {ExitCode::runTimeError, what};
+        }
     }
 
-    Rendered makeFolder(const std::string& file, dom::Source source) const {
+    void makeFolder(const std::string& file, dom::Source source) const {
+        const std::string folder = line_.isOne() ? *folder_ : *folder_ + '/' + documentName(file);
         DiskFiles disk;
         NamingFiles files(disk);
-        Progress silent(streams_.err, false);
-        const std::string folder = folder_ + '/' + documentName(file);
         createFolders(files, folder);
-        copyOwnAssets(files, folder_, folder);
-        const auto message = renderPage(files, folder, std::move(source), line_.evaluate, silent);
-        return message ? rejected(file, *message) : Rendered{};
+        copyOwnAssets(files, *folder_, folder);
+        Progress silent(streams_.err, false);
+        renderPage(files, folder, std::move(source), line_.evaluate,
+                   line_.isOne() ? progress_ : silent);
     }
 
     Rendered makeStandalone(const std::string& file, dom::Source source) const {
+        const std::string path = line_.output ? *line_.output : standalonePath(*folder_, file);
+        keepDocument(file, path);
         DiskFiles disk;
         NamingFiles files(disk);
+        if (!line_.output) createFolders(files, *folder_);
         Progress silent(streams_.err, false);
-        const std::string path = standalonePath(folder_, file);
-        keepDocument(file, path);
-        const auto output = [&](const Produce& page) { writeOutputFile(files, path, page); };
-        const StandaloneResult result = renderStandalone(files, {folder_, folder_, line_.evaluate},
-                                                         std::move(source), output, silent);
-        if (result.rejection) return rejected(file, *result.rejection);
-        return {ExitCode::done, missingPictures(file, result.missing)};
+        const auto missing = renderStandalone(
+            files, {folderOf(path), folder_, line_.evaluate}, std::move(source),
+            [&](const Produce& page) { write(files, path, page); },
+            line_.isOne() ? progress_ : silent);
+        return {ExitCode::done, missingPictures(file, missing)};
+    }
+
+    void write(Files& files, const std::string& path, const Produce& page) const {
+        if (path != "-") {
+            writeOutputFile(files, path, page);
+            return;
+        }
+        // Not half a page.
+        std::string whole;
+        page([&whole](std::string_view piece) { whole += piece; });
+        progress_.end();
+        writeStandardOutput(streams_.out, whole);
     }
 
     const CommandLine& line_;
     const Streams& streams_;
-    std::string folder_;
+    Progress& progress_;
+    std::optional<std::string> folder_;
 };
 
 }  // namespace
 
-ExitCode renderMany(const CommandLine& line, const Streams& streams) {
-    PageMaker maker(line, streams);
-    maker.prepare();
+ExitCode renderDocuments(const CommandLine& line, const Streams& streams) {
     Progress progress(streams.err, streams.errIsTerminal);
     progress.phase("rendering the documents");
+    const PageMaker maker(line, streams, progress);
+    if (!line.isOne()) {
+        // A place that cannot be had is no document's fault.
+        DiskFiles disk;
+        NamingFiles files(disk);
+        createFolders(files, absoluteFolder(*line.folder));
+    }
 
     std::array<std::size_t, 5> ends{};  // by exit code
     ExitCode worst = ExitCode::done;
-    const auto take = [&](const Rendered& rendered) {
-        ++ends.at(static_cast<std::size_t>(rendered.exit));
-        worst = std::max(worst, rendered.exit);
-        if (rendered.complaint.empty()) return;
-        progress.end();
-        streams.err << rendered.complaint << std::flush;
-    };
-    inOrder(
-        line.files.size(), line.jobsOrAll(),
-        [&](std::size_t i) { return maker.make(line.files[i]); }, take);
-
+    forEachFile(
+        line, [&](const std::string& file) { return maker.make(file); },
+        [&](const Rendered& rendered) {
+            ++ends.at(static_cast<std::size_t>(rendered.exit));
+            worst = std::max(worst, rendered.exit);
+            if (rendered.complaint.empty()) return;
+            progress.end();
+            streams.err << rendered.complaint << std::flush;
+        });
     progress.end();
+    if (line.isOne()) return worst;
+
     const auto endedIn = [&ends](ExitCode exit) { return ends[static_cast<std::size_t>(exit)]; };
     Summary summary(line.files.size());
     summary.add(endedIn(ExitCode::done), "rendered");

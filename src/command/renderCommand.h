@@ -1,4 +1,4 @@
-// `tavisk render` for several documents: a page for each, whatever becomes of the others.
+// `tavisk render`: the page of one document, or of many, whatever becomes of the others.
 #pragma once
 
 #include "command/commandLine.h"
@@ -6,6 +6,6 @@
 
 namespace tavisk {
 
-ExitCode renderMany(const CommandLine& line, const Streams& streams);
+ExitCode renderDocuments(const CommandLine& line, const Streams& streams);
 
 }  // namespace tavisk

@@ -9,6 +9,7 @@
 #include "base/paths.h"
 #include "command/editResult.h"
 #include "command/fileError.h"
+#include "command/input.h"
 #include "editor/helpSession.h"
 #include "page/standalonePage.h"
 
@@ -45,38 +46,43 @@ std::optional<std::string> readPicture(Files& files, const std::string& folder,
     }
 }
 
+void load(HelpSession& session, dom::Source source) {
+    if (auto message = session.load(std::move(source), HelpSession::Keep::nothing)) {
+        throw Rejected(*message);
+    }
+}
+
 }  // namespace
 
-std::optional<Message> renderPage(Files& files, const std::string& folder, dom::Source source,
-                                  bool evaluate, Progress& progress) {
+void renderPage(Files& files, const std::string& folder, dom::Source source, bool evaluate,
+                Progress& progress) {
     createFolders(files, folder);
     provideAssets(files, folder);
 
     HelpSession session(files, folder);
     progress.phase("loading the document");
-    if (auto message = session.load(std::move(source), HelpSession::Keep::nothing)) return message;
+    load(session, std::move(source));
     progress.phase("writing the page");
     session.generatepreview(evaluate);
-    return std::nullopt;
 }
 
 void keepDocument(const std::string& file, const std::string& page) {
     if (isSameFile(file, page)) throw FileError(ErrorNumber::permissionDenied, page);
 }
 
-StandaloneResult renderStandalone(Files& files, const StandalonePlan& plan, dom::Source source,
-                                  const std::function<void(const Produce&)>& output,
-                                  Progress& progress) {
+std::vector<std::string> renderStandalone(Files& files, const StandalonePlan& plan,
+                                          dom::Source source,
+                                          const std::function<void(const Produce&)>& output,
+                                          Progress& progress) {
     const std::string cabinet =
         ownOrDefault(files, plan.assetFolder, "/cabinet.png", cabinetPicture());
     const std::string style = ownOrDefault(files, plan.assetFolder, "/style.css", stylesheet());
 
-    StandaloneResult result;
+    std::vector<std::string> missing;
     CabinetPictureOnly own(cabinet);
     HelpSession session(own, "");
     progress.phase("loading the document");
-    result.rejection = session.load(std::move(source), HelpSession::Keep::nothing);
-    if (result.rejection) return result;
+    load(session, std::move(source));
 
     progress.phase("writing the page");
     StandaloneParts parts;
@@ -87,15 +93,15 @@ StandaloneResult renderStandalone(Files& files, const StandalonePlan& plan, dom:
         return readPicture(files, plan.pageFolder, file);
     };
     parts.missing = [&](const std::string& address) {
-        if (std::ranges::find(result.missing, address) == result.missing.end()) {
-            result.missing.push_back(address);
+        if (std::ranges::find(missing, address) == missing.end()) {
+            missing.push_back(address);
         }
     };
     output([&](const Files::Write& write) {
         writeStandalonePage(write, *session.articledoc, session.formulaCatalogue,
                             *session.baseXMLNode, plan.evaluate, parts);
     });
-    return result;
+    return missing;
 }
 
 }  // namespace tavisk

@@ -1,4 +1,4 @@
-// From a document to its page.
+// From a document to its page. A document that is none is Rejected.
 #pragma once
 
 #include <functional>
@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "base/files.h"
-#include "base/message.h"
 #include "command/output.h"
 #include "command/progress.h"
 #include "xml/dom.h"
@@ -15,9 +14,9 @@
 namespace tavisk {
 
 /// Writes temp.html, pictures and what the page needs besides into the folder, which is created if
-/// missing. The message tells why the document is rejected.
-std::optional<Message> renderPage(Files& files, const std::string& folder, dom::Source source,
-                                  bool evaluate, Progress& progress);
+/// missing.
+void renderPage(Files& files, const std::string& folder, dom::Source source, bool evaluate,
+                Progress& progress);
 
 struct StandalonePlan {
     std::string pageFolder;                  ///< where the page is going to lie
@@ -25,18 +24,14 @@ struct StandalonePlan {
     bool evaluate = false;
 };
 
-struct StandaloneResult {
-    std::optional<Message> rejection;
-    std::vector<std::string>
-        missing;  ///< addresses of pictures that could not be put in, each once
-};
-
 /// Error 70 where the page would be written over its own document.
 void keepDocument(const std::string& file, const std::string& page);
 
-/// Hands the page with everything in it to `output`, unless the document is rejected.
-StandaloneResult renderStandalone(Files& files, const StandalonePlan& plan, dom::Source source,
-                                  const std::function<void(const Produce&)>& output,
-                                  Progress& progress);
+/// Hands the page with everything in it to `output`. Returns the addresses of pictures that could
+/// not be put in, each once.
+std::vector<std::string> renderStandalone(Files& files, const StandalonePlan& plan,
+                                          dom::Source source,
+                                          const std::function<void(const Produce&)>& output,
+                                          Progress& progress);
 
 }  // namespace tavisk

@@ -1,8 +1,10 @@
 #include "command/reportText.h"
 
+#include "base/text.h"
 #include "check/check.h"
 #include "check/finding.h"
 #include "command/fileError.h"
+#include "command/input.h"
 
 namespace tavisk {
 namespace {
@@ -37,6 +39,10 @@ std::string describe(const RunTimeError& error) {
     return "Run-time error '" + std::to_string(error.number()) + "': " + error.what();
 }
 
+std::string inFull(const Message& message) {
+    return message.title + ": " + replaceAll(message.text, "\r\n", "\n") + '\n';
+}
+
 std::string complaint(const std::string& file, const Message& rejection) {
     return lineOf(file, "rejected: " + tavisk::rejection(rejection).message);
 }
@@ -44,6 +50,8 @@ std::string complaint(const std::string& file, const Message& rejection) {
 std::string currentComplaint(const std::string& file) {
     try {
         throw;
+    } catch (const Rejected& rejected) {
+        return complaint(file, rejected.message());
     } catch (const FileError& error) {
         const bool own = error.file() == file || (file == "-" && error.file() == "standard input");
         return lineOf(file, describe(error) + (own ? "" : " (" + error.file() + ')'));

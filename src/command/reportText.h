@@ -17,11 +17,15 @@ void appendPlain(std::string& line, std::string_view text);
 /// "Run-time error '53': File not found".
 std::string describe(const RunTimeError& error);
 
+/// As a window would show it: "Error: No cabinet data found...", with a line for each of its own.
+std::string inFull(const Message& message);
+
 /// "a.xml: rejected: No cabinet data found..."
 std::string complaint(const std::string& file, const Message& rejection);
 
-/// "a.xml: Run-time error '70': Permission denied (out/a/temp.html)". Call inside a catch block
-/// only; another file that the error is about stands in the parentheses.
+/// What is said of the exception being handled: the same for a rejection, and "a.xml: Run-time
+/// error '70': Permission denied (out/a/temp.html)" for an error. Call inside a catch block only;
+/// another file that the error is about stands in the parentheses.
 std::string currentComplaint(const std::string& file);
 
 /// A line for each: "a.xml: warning: the picture "x.png" is missing".
