@@ -1,10 +1,8 @@
 #include "command/commandLine.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <string_view>
-#include <thread>
 
 #include "base/text.h"
 #include "command/fileNames.h"
@@ -12,55 +10,10 @@
 namespace tavisk {
 namespace {
 
-struct Command {
-    std::string_view name;
-    Action action;
-};
-
-constexpr std::array commands{
-    Command{"edit", Action::edit},     Command{"preview", Action::preview},
-    Command{"render", Action::render}, Command{"save", Action::save},
-    Command{"check", Action::check},
-};
-
-std::optional<Action> commandNamed(std::string_view name) {
-    const auto found = std::ranges::find(commands, name, &Command::name);
-    return found == commands.end() ? std::nullopt : std::optional(found->action);
-}
-
 bool asksForHelp(std::string_view word) { return word == "--help" || word == "-h"; }
-
-using Value = std::optional<std::string> CommandLine::*;
-using Count = std::optional<std::size_t> CommandLine::*;
-using Switch = bool CommandLine::*;
-
-struct Option {
-    std::string_view name;
-    Action action;
-    std::variant<Value, Count, Switch> target;
-};
-
-constexpr std::array options{
-    Option{"-o", Action::edit, &CommandLine::output},
-    Option{"--evaluate", Action::preview, &CommandLine::evaluate},
-    Option{"--folder", Action::render, &CommandLine::folder},
-    Option{"--evaluate", Action::render, &CommandLine::evaluate},
-    Option{"--each", Action::render, &CommandLine::each},
-    Option{"--standalone", Action::render, &CommandLine::standalone},
-    Option{"-o", Action::render, &CommandLine::output},
-    Option{"--jobs", Action::render, &CommandLine::jobs},
-    Option{"--folder", Action::save, &CommandLine::folder},
-    Option{"--refresh", Action::save, &CommandLine::refreshKey},
-    Option{"-o", Action::save, &CommandLine::output},
-    Option{"--json", Action::check, &CommandLine::json},
-    Option{"--sarif", Action::check, &CommandLine::sarif},
-    Option{"--jobs", Action::check, &CommandLine::jobs},
-};
 
 /// More threads than that help nobody.
 constexpr std::size_t mostJobs = 256;
-
-bool takesManyFiles(Action action) { return action == Action::render || action == Action::check; }
 
 std::string inQuotes(std::string_view word) { return '"' + std::string(word) + '"'; }
 
@@ -73,7 +26,7 @@ CommandLine helpOn(std::optional<Action> topic) {
 /// The words behind the name of one command. Throws UsageError.
 class CommandParser {
 public:
-    CommandParser(const Command& command, std::span<const std::string> words)
+    CommandParser(const CommandOptions& command, std::span<const std::string> words)
         : command_(command), words_(words) {
         line_.action = command.action;
     }
@@ -109,7 +62,7 @@ private:
     }
 
     void operand(const std::string& word) {
-        if (!line_.files.empty() && !takesManyFiles(command_.action)) {
+        if (!line_.files.empty() && !command_.takesManyFiles) {
             fail("one FILE only, but " + inQuotes(word) + " is a second one");
         }
         if (word.empty()) fail("the name of FILE is empty");
@@ -150,13 +103,11 @@ private:
     void option(std::string_view word) {
         const std::size_t equals = word.starts_with("--") ? word.find('=') : std::string_view::npos;
         const std::string_view name = word.substr(0, equals);
-        const auto found = std::ranges::find_if(options, [&](const Option& option) {
-            return option.name == name && option.action == command_.action;
-        });
-        if (found == options.end()) fail("unknown option " + inQuotes(name));
+        const Option* const found = command_.find(name);
+        if (found == nullptr) fail("unknown option " + inQuotes(name));
 
         const bool attached = equals != std::string_view::npos;
-        if (const Switch* target = std::get_if<Switch>(&found->target)) {
+        if (const auto* target = std::get_if<Option::Switch>(&found->target)) {
             if (attached) fail(inQuotes(name) + " takes no value");
             line_.** target = true;
             return;
@@ -164,10 +115,10 @@ private:
         const std::string value =
             attached ? std::string(word.substr(equals + 1)) : followingValue(name);
         if (value.empty()) fail(inQuotes(name) + " needs a value");
-        if (const Value* target = std::get_if<Value>(&found->target)) {
+        if (const auto* target = std::get_if<Option::Value>(&found->target)) {
             set(line_.**target, name, value);
         } else {
-            set(line_.*std::get<Count>(found->target), name, count(name, value));
+            set(line_.*std::get<Option::Count>(found->target), name, count(name, value));
         }
     }
 
@@ -198,7 +149,7 @@ private:
         return value;
     }
 
-    const Command& command_;
+    const CommandOptions& command_;
     std::span<const std::string> words_;
     std::size_t at_ = 0;
     CommandLine line_;
@@ -206,12 +157,12 @@ private:
 
 CommandLine parseHelp(std::span<const std::string> words) {
     if (words.empty()) return helpOn(std::nullopt);
-    const std::optional<Action> topic = commandNamed(words.front());
-    if (!topic || words.size() > 1) {
+    const CommandOptions* const topic = commandNamed(words.front());
+    if (topic == nullptr || words.size() > 1) {
         throw UsageError{"tavisk: no help on " + inQuotes(words.back()) +
                          " (try \"tavisk --help\")"};
     }
-    return helpOn(topic);
+    return helpOn(topic->action);
 }
 
 CommandLine parse(std::span<const std::string> words) {
@@ -225,18 +176,14 @@ CommandLine parse(std::span<const std::string> words) {
         return line;
     }
     if (asksForHelp(first) || first == "help") return parseHelp(rest);
-    const auto command = std::ranges::find(commands, first, &Command::name);
-    if (command == commands.end()) {
+    const CommandOptions* const command = commandNamed(first);
+    if (command == nullptr) {
         throw UsageError{"tavisk: unknown command " + inQuotes(first) + " (try \"tavisk --help\")"};
     }
     return CommandParser(*command, rest).parse();
 }
 
 }  // namespace
-
-std::size_t CommandLine::jobsOrAll() const {
-    return jobs.value_or(std::max(1U, std::thread::hardware_concurrency()));
-}
 
 std::variant<CommandLine, UsageError> parseCommandLine(std::span<const std::string> arguments) {
     try {

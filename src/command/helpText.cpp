@@ -1,5 +1,7 @@
 #include "command/helpText.h"
 
+#include <algorithm>
+
 namespace tavisk {
 namespace {
 
@@ -38,7 +40,13 @@ Exit codes, the highest one of several documents:
   4  run-time error, for example an unreadable file, a full disk or no display
 )";
 
-constexpr std::string_view editText =
+/// What stands before and behind the options of a command.
+struct Texts {
+    std::string_view before;
+    std::string_view behind;
+};
+
+constexpr Texts editTexts{
     R"(Usage: tavisk edit FILE [-o OUT]
 
 Opens the editor and waits until its window is closed. Closed with OK, or with a Yes to the question
@@ -49,10 +57,8 @@ written is kept in the folder for temporary files, and standard error says where
 With "-" for FILE the document comes from standard input, and whatever the editor returns goes to
 standard output, after a No too: then as loading wrote it anew.
 
-  -o OUT         write what the editor returns to OUT, after a No too, and leave FILE alone. "-" is
-                 standard output.
-
-The window is that of the component (libtavisk.so, on Windows Tavisk.dll), which is looked for
+)",
+    R"(The window is that of the component (libtavisk.so, on Windows Tavisk.dll), which is looked for
 beside this command, then in ../lib from there, then on the system's library path. It needs a
 display.
 
@@ -62,9 +68,9 @@ Examples:
 
 Exit codes: 0 the editor was closed, 2 usage, 3 document rejected (a window said why), 4 run-time
 error.
-)";
+)"};
 
-constexpr std::string_view previewText =
+constexpr Texts previewTexts{
     R"(Usage: tavisk preview FILE [--evaluate]
 
 Shows the page of the document in a window and waits until it is closed. The page is the file
@@ -72,10 +78,8 @@ temp.html in the folder of the component (libtavisk.so, on Windows Tavisk.dll) o
 not be written, in $XDG_DATA_HOME/tavisk, on Windows in the folder Tavisk of the local application
 data.
 
-  --evaluate     fill in the values of the formulas, the pictures and the overlays. Without it the
-                 texts show their tokens as typed.
-
-The component is looked for beside this command, then in ../lib from there, then on the system's
+)",
+    R"(The component is looked for beside this command, then in ../lib from there, then on the system's
 library path. The window needs a display; "tavisk render" needs none.
 
 Examples:
@@ -83,9 +87,9 @@ Examples:
 
 Exit codes: 0 the window was closed, 2 usage, 3 document rejected (a window said why), 4 run-time
 error.
-)";
+)"};
 
-constexpr std::string_view renderText =
+constexpr Texts renderTexts{
     R"(Usage: tavisk render FILE... --folder DIR [--evaluate] [--each] [--jobs N]
        tavisk render FILE... --folder DIR --standalone [--evaluate] [--jobs N]
        tavisk render FILE -o OUT --standalone [--evaluate] [--folder DIR]
@@ -94,22 +98,8 @@ Writes the page that the preview shows to DIR/temp.html, in code page 1252. The 
 whole or, after an error, left as it was. For several FILEs, a folder for each: DIR/NAME/temp.html,
 where NAME is that of FILE without its extension, or "document" for standard input.
 
-  --folder DIR   where the page goes; created if missing. cabinet.png, the picture below overlays,
-                 and style.css, the page's stylesheet, are copied there if they are absent; put your
-                 own there to have them used, for all pages if there are several.
-  --evaluate     fill in the values of the formulas, the pictures and the overlays; the pictures
-                 are written to DIR/temp_images/. Without it the texts show their tokens as typed.
-  --each         a folder for each FILE, even if there is only one.
-  --standalone   one file that needs no others, for mail or a web site: DIR/NAME.html, or OUT. It
-                 is UTF-8; its pictures and its style are inside, and scripts in it do not run.
-                 Addresses on other machines stay; a picture that is missing is told on standard
-                 error. The cabinet.png and style.css that are in DIR are used; nothing else is
-                 written there.
-  -o OUT         the file of a standalone page; "-" is standard output.
-  --jobs N       how many documents are worked on at a time, from 1 to 256; by default as many as
-                 there are processors. What is written is the same.
-
-The page names its pictures by their full path, so DIR must not be moved afterwards; a standalone
+)",
+    R"(The page names its pictures by their full path, so DIR must not be moved afterwards; a standalone
 page may be.
 
 For several FILEs, or with --each, standard error says in one line each what went wrong, and one
@@ -124,9 +114,9 @@ Examples:
 
 Exit codes, the highest one of several documents: 0 done, 2 usage, 3 document rejected, 4 run-time
 error.
-)";
+)"};
 
-constexpr std::string_view saveText =
+constexpr Texts saveTexts{
     R"(Usage: tavisk save FILE [--folder DIR] [--refresh KEY] [-o OUT]
 
 Loads the document, which selects a node and fills the editor's panel from it, and saves it as the
@@ -134,22 +124,15 @@ editor's OK does: the formula elements are written anew, without their values, a
 markers and the generated cabinet picture are gone. The result is UTF-8, on standard output unless
 -o is given.
 
-  --refresh KEY  save as "Refresh Formula Values" does with the node of that key selected: the
-                 result carries a "location" marker, so that the editor opens at that node. A key is
-                 the names from the cabinet down, joined by "=>": "cabinet=>How to order".
-  -o OUT         write the result to OUT, which is replaced whole or, after an error, left as it
-                 was. OUT may be FILE.
-  --folder DIR   the folder whose cabinet.png loading takes in. Saving removes the picture again,
-                 so the result is the same without it.
-
-Examples:
+)",
+    R"(Examples:
   tavisk save kitchen.xml -o kitchen.xml
   tavisk save kitchen.xml --refresh "cabinet=>Dimensions" > opened.xml
 
 Exit codes: 0 done, 2 usage or a key that no node has, 3 document rejected, 4 run-time error.
-)";
+)"};
 
-constexpr std::string_view checkText =
+constexpr Texts checkTexts{
     R"(Usage: tavisk check FILE... [--json | --sarif] [--jobs N]
 
 Reports what an author wants to know before the document goes out, one finding per line:
@@ -161,17 +144,8 @@ code units), the message and its code. Formulas and pictures are given by their 
 the editor or the page, or puts something wrong before the reader's eyes; a warning is most likely
 not what was meant.
 
-  --json         one JSON object instead: {"file", "findings": [{"severity", "code", "key",
-                 "attribute", "position", "message"}]}; key, attribute and position are null where
-                 there is none. For several FILEs {"documents": [...], "summary": {"documents",
-                 "clean", "withFindings", "failed", "findings"}}; a document that could not be read
-                 has an "error": {"number", "message"}.
-  --sarif        SARIF 2.1.0 instead, which code-review pages show: every finding with the line and
-                 column in FILE where it stands.
-  --jobs N       how many documents are worked on at a time, from 1 to 256; by default as many as
-                 there are processors. What is written is the same.
-
-For several FILEs the last line says how many documents came out how, on standard error with --json
+)",
+    R"(For several FILEs the last line says how many documents came out how, on standard error with --json
 or --sarif: "3 documents: 1 clean, 1 with findings, 1 failed; 5 findings".
 
 What is looked at:
@@ -194,21 +168,48 @@ Examples:
 
 Exit codes, the highest one of several documents: 0 nothing found, 1 something found (a rejected
 document too), 2 usage, 4 run-time error.
-)";
+)"};
+
+const Texts& textsOf(Action action) {
+    switch (action) {
+        case Action::edit: return editTexts;
+        case Action::preview: return previewTexts;
+        case Action::render: return renderTexts;
+        case Action::save: return saveTexts;
+        default: return checkTexts;
+    }
+}
+
+/// The option in a column of its own, or above its text where it is too long for that.
+void appendOption(std::string& text, const Option& option) {
+    constexpr std::size_t column = 17;
+    std::string line = "  " + std::string(option.name);
+    if (!option.value.empty()) line.append(" ").append(option.value);
+    if (line.size() + 1 > column) {
+        text += line + '\n';
+        line.clear();
+    }
+    std::string_view help = option.help;
+    while (!help.empty()) {
+        line.resize(column, ' ');
+        const std::size_t end = std::min(help.find('\n'), help.size());
+        text.append(line).append(help.substr(0, end)).append("\n");
+        help.remove_prefix(std::min(end + 1, help.size()));
+        line.clear();
+    }
+}
 
 }  // namespace
 
-std::string_view helpText(std::optional<Action> topic) {
-    switch (topic.value_or(Action::help)) {
-        case Action::edit: return editText;
-        case Action::preview: return previewText;
-        case Action::render: return renderText;
-        case Action::save: return saveText;
-        case Action::check: return checkText;
-        case Action::help:
-        case Action::version: break;
-    }
-    return toolText;
+std::string helpText(std::optional<Action> topic) {
+    const auto command =
+        std::ranges::find(commandTable(), topic.value_or(Action::help), &CommandOptions::action);
+    if (command == commandTable().end()) return std::string(toolText);
+    const Texts& texts = textsOf(command->action);
+    std::string text(texts.before);
+    for (const Option& option : command->options)
+        appendOption(text, option);
+    return text.append("\n").append(texts.behind);
 }
 
 }  // namespace tavisk

@@ -2,13 +2,13 @@
 #pragma once
 
 #include <optional>
-#include <string_view>
+#include <string>
 
-#include "command/commandLine.h"
+#include "command/options.h"
 
 namespace tavisk {
 
 /// Of the whole tool, or of one command.
-std::string_view helpText(std::optional<Action> topic);
+std::string helpText(std::optional<Action> topic);
 
 }  // namespace tavisk
