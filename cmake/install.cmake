@@ -32,14 +32,24 @@ configure_file(${linux}/tavisk.pc.in ${made}/tavisk.pc @ONLY)
 install(FILES ${made}/tavisk.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 
 install(TARGETS tavisk_command RUNTIME COMPONENT command)
-configure_file(${linux}/tavisk.1.in ${made}/tavisk.1 @ONLY)
-find_program(TAVISK_GZIP gzip REQUIRED)
-execute_process(COMMAND ${TAVISK_GZIP} -9 -n -c ${made}/tavisk.1
-  OUTPUT_FILE ${made}/tavisk.1.gz COMMAND_ERROR_IS_FATAL ANY)
-install(FILES ${made}/tavisk.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT command)
+# The manual page and the completion are made from what the command says of itself.
+if(TAVISK_PYTHON AND NOT CMAKE_CROSSCOMPILING)
+  find_program(TAVISK_GZIP gzip REQUIRED)
+  set(describe ${TAVISK_PYTHON} ${linux}/describe.py $<TARGET_FILE:tavisk_command>)
+  add_custom_command(TARGET tavisk_command POST_BUILD
+    COMMAND ${describe} ${linux}/tavisk.1.in ${made}/tavisk.1
+            PROJECT_VERSION=${PROJECT_VERSION} TAVISK_ABI=${TAVISK_ABI}
+    COMMAND ${TAVISK_GZIP} -9 -n -f ${made}/tavisk.1
+    COMMAND ${describe} ${linux}/completion.bash.in ${made}/completion.bash
+    VERBATIM)
+  set_property(TARGET tavisk_command APPEND PROPERTY LINK_DEPENDS
+    ${linux}/describe.py ${linux}/tavisk.1.in ${linux}/completion.bash.in)
+  install(FILES ${made}/tavisk.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT command)
+  install(FILES ${made}/completion.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    RENAME tavisk COMPONENT command)
+endif()
 set(data ${CMAKE_INSTALL_DATADIR})
-install(FILES ${linux}/completion.bash DESTINATION ${data}/bash-completion/completions
-  RENAME tavisk COMPONENT command)
 install(FILES ${linux}/mime.xml DESTINATION ${data}/mime/packages
   RENAME tavisk.xml COMPONENT command)
 install(FILES ${linux}/tavisk.desktop DESTINATION ${data}/applications COMPONENT command)

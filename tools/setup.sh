@@ -98,6 +98,7 @@ packages() {
             ;;
         package)
             packages debug
+            echo python3                    # makes the manual page
             echo dpkg-dev                   # finds what the packages depend on
             echo lintian                    # Debian's rules for packages
             echo debootstrap                # makes a clean root to try them in
