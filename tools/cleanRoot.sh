@@ -89,6 +89,8 @@ make_smallest() {
     sed 's|.*|deb & main|' <<< "$mirrors" > "$root/etc/apt/sources.list"
     apt-config dump | grep '^Acquire::https\?::Proxy ' > "$root/etc/apt/apt.conf.d/proxy" || true
     cp -L /etc/resolv.conf "$root/etc/resolv.conf"
+    # What the installer of a machine writes.
+    printf '127.0.0.1 localhost\n127.0.1.1 %s\n::1 localhost\n' "$(hostname)" > "$root/etc/hosts"
     # Nothing is started there, and nothing has to survive a power cut.
     printf '#!/bin/sh\nexit 101\n' > "$root/usr/sbin/policy-rc.d"
     chmod +x "$root/usr/sbin/policy-rc.d"
