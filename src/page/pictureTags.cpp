@@ -4,58 +4,12 @@
 
 #include "base/addressText.h"
 #include "base/text.h"
+#include "page/htmlTags.h"
 
 namespace tavisk {
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n\f";
 constexpr std::size_t none = std::string_view::npos;
-
-struct Range {
-    std::size_t begin;
-    std::size_t end;
-    bool quoted;
-};
-
-/// Where the next `img` tag's attributes begin; none when there is no more.
-std::size_t findTag(std::string_view html, std::size_t at) {
-    constexpr std::string_view tag = "<img";
-    while ((at = html.find('<', at)) != none) {
-        const std::size_t end = at + tag.size();
-        if (end < html.size() && lowerAscii(html.substr(at, tag.size())) == tag &&
-            (blanks.find(html[end]) != none || html[end] == '/')) {
-            return end;
-        }
-        ++at;
-    }
-    return none;
-}
-
-/// One attribute after the other, as browsers read them. `at` moves behind the tag.
-std::optional<Range> findSource(std::string_view html, std::size_t& at) {
-    std::optional<Range> source;
-    for (;;) {
-        at = html.find_first_not_of(" \t\r\n\f/", at);
-        if (at == none || html[at] == '>') break;
-        const std::size_t nameEnd =
-            std::min(html.find_first_of(" \t\r\n\f/>=", at + 1), html.size());
-        const bool isSource = lowerAscii(html.substr(at, nameEnd - at)) == "src";
-        at = html.find_first_not_of(blanks, nameEnd);
-        if (at == none) break;
-        if (html[at] != '=') continue;
-        at = html.find_first_not_of(blanks, at + 1);
-        if (at == none || html[at] == '>') break;
-        const bool quoted = html[at] == '"' || html[at] == '\'';
-        const std::size_t begin = quoted ? at + 1 : at;
-        const std::size_t end =
-            quoted ? html.find(html[at], begin) : html.find_first_of(" \t\r\n\f>", begin);
-        at = std::min(end, html.size());
-        if (isSource && !source) source = Range{begin, at, quoted};
-        if (quoted && at < html.size()) ++at;
-    }
-    at = std::min(at, html.size());
-    return source;
-}
 
 /// "http" for "http://..."; empty where there is none. One letter is a drive.
 std::string schemeOf(std::string_view address) {
@@ -73,9 +27,13 @@ std::string schemeOf(std::string_view address) {
 void replacePictureAddresses(std::string& html, const ReplaceAddress& replace) {
     std::string out;
     std::size_t copied = 0;
-    for (std::size_t at = 0; (at = findTag(html, at)) != none;) {
-        const std::optional<Range> source = findSource(html, at);
-        if (!source) continue;
+    for (std::size_t at = 0; at < html.size();) {
+        const bool isPicture = nextTag(html, at) == "img";
+        std::optional<HtmlAttribute> source;
+        while (const auto attribute = nextAttribute(html, at)) {
+            if (attribute->name == "src" && attribute->begin != 0 && !source) source = attribute;
+        }
+        if (!isPicture || !source) continue;
         const std::string address =
             replaceAll(html.substr(source->begin, source->end - source->begin), "&amp;", "&");
         const std::optional<std::string> other = replace(address);
