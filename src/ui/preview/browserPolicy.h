@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "ui/preview/confinedBrowser.h"
+
 class wxWebView;
 
 namespace tavisk {
@@ -53,13 +55,11 @@ struct BrowserEvents {
     std::function<void()> ended;
 };
 
-/// Prepares the engine's start in a process that belongs to somebody else. Before each browser.
-void prepareBrowserEngine();
-
 /// Holds one browser to its page for as long as this lives; ends before the browser does.
 class BrowserPolicy {
 public:
-    BrowserPolicy(wxWebView& browser, BrowserEvents events);
+    /// `reach` is what the browser was made for.
+    BrowserPolicy(wxWebView& browser, PageReach reach, BrowserEvents events);
     BrowserPolicy(const BrowserPolicy&) = delete;
     BrowserPolicy& operator=(const BrowserPolicy&) = delete;
     ~BrowserPolicy();

@@ -1,6 +1,4 @@
 #include <array>
-#include <csignal>
-#include <dlfcn.h>
 #include <utility>
 #include <webkit2/webkit2.h>
 #include <wx/webview.h>
@@ -9,20 +7,6 @@
 
 namespace tavisk {
 namespace {
-
-/// A signal that neither the host nor the toolkit uses; 0 if there is none.
-int freeSignal() {
-    sigset_t blocked;
-    if (pthread_sigmask(SIG_SETMASK, nullptr, &blocked) != 0) return 0;
-    // From the end, because programs that use these signals count from the start.
-    for (int number = SIGRTMAX - 1; number > SIGRTMIN; --number) {
-        struct sigaction action {};
-        if (sigaction(number, nullptr, &action) == 0 && !(action.sa_flags & SA_SIGINFO) &&
-            action.sa_handler == SIG_DFL && sigismember(&blocked, number) == 0)
-            return number;
-    }
-    return 0;
-}
 
 /// Nothing that a page of texts and pictures can do without.
 void restrictSettings(WebKitSettings& settings) {
@@ -99,19 +83,6 @@ void disconnectToolkit(wxWebView& browser, WebKitWebView* view, const char* sign
 }
 
 }  // namespace
-
-void prepareBrowserEngine() {
-    static bool prepared = false;
-    if (std::exchange(prepared, true)) return;
-    // When it starts, the engine takes over a signal, SIGUSR1 unless told otherwise, which may be
-    // the host's now or later. Telling it by the environment would change that of the host, and
-    // makes the engine complain on standard error; who has done so wants it.
-    if (g_getenv("JSC_SIGNAL_FOR_GC")) return;
-    using Configure = bool (*)(int);
-    const auto configure =
-        reinterpret_cast<Configure>(dlsym(RTLD_DEFAULT, "JSConfigureSignalForGC"));
-    if (const int signal = freeSignal(); configure && signal != 0) configure(signal);
-}
 
 struct BrowserPolicy::Native {
     WebKitWebView* view = nullptr;
@@ -197,7 +168,7 @@ struct BrowserPolicy::Native {
     }
 };
 
-BrowserPolicy::BrowserPolicy(wxWebView& browser, BrowserEvents events)
+BrowserPolicy::BrowserPolicy(wxWebView& browser, PageReach, BrowserEvents events)
     : native_(std::make_unique<Native>()) {
     Native* native = native_.get();
     native->view = WEBKIT_WEB_VIEW(browser.GetNativeBackend());

@@ -56,11 +56,8 @@ constexpr std::array ownKeys{
 
 }  // namespace
 
-// The engine starts with the first browser and changes nothing of the process.
-void prepareBrowserEngine() {}
-
 struct BrowserPolicy::Native {
-    Native(wxWebView& webView, BrowserEvents browserEvents)
+    Native(wxWebView& webView, PageReach reach, BrowserEvents browserEvents)
         : view(webView), events(std::move(browserEvents)) {
         view.Bind(wxEVT_ACTIVEX, &Native::onNative, this);
         wxGetTopLevelParent(&view)->Bind(wxEVT_CHAR_HOOK, &Native::onKey, this);
@@ -68,7 +65,7 @@ struct BrowserPolicy::Native {
         browser()->put_RegisterAsDropTarget(VARIANT_FALSE);
         // Errors in a page are no business of its reader.
         browser()->put_Silent(VARIANT_TRUE);
-        site = restrictBrowser(*browser(), static_cast<HWND>(view.GetHandle()));
+        site = restrictBrowser(*browser(), static_cast<HWND>(view.GetHandle()), reach);
     }
     Native(const Native&) = delete;
     Native& operator=(const Native&) = delete;
@@ -181,8 +178,8 @@ struct BrowserPolicy::Native {
     bool recoded = false;
 };
 
-BrowserPolicy::BrowserPolicy(wxWebView& browser, BrowserEvents events)
-    : native_(std::make_unique<Native>(browser, std::move(events))) {}
+BrowserPolicy::BrowserPolicy(wxWebView& browser, PageReach reach, BrowserEvents events)
+    : native_(std::make_unique<Native>(browser, reach, std::move(events))) {}
 
 BrowserPolicy::~BrowserPolicy() = default;
 

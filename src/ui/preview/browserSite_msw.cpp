@@ -85,7 +85,7 @@ private:
 
 class Site final : public Counted<IOleClientSite, IDispatch, IDocHostUIHandler, IServiceProvider> {
 public:
-    explicit Site(IOleClientSite* own) : own_(own) {
+    Site(IOleClientSite* own, PageReach reach) : own_(own), reach_(reach) {
         own_->QueryInterface(IID_IDispatch,
                              reinterpret_cast<void**>(ownProperties_.GetAddressOf()));
     }
@@ -130,7 +130,7 @@ public:
                         VARIANT* result, EXCEPINFO* exception, UINT* wrong) override {
         if (member == DISPID_AMBIENT_DLCONTROL && result) {
             V_VT(result) = VT_I4;
-            V_I4(result) = pageMay;
+            V_I4(result) = reach_ == PageReach::files ? pageMay | DLCTL_FORCEOFFLINE : pageMay;
             return S_OK;
         }
         return ownProperties_ ? ownProperties_->Invoke(member, iid, locale, flags, parameters,
@@ -195,20 +195,21 @@ private:
     ~Site() override { security_->Release(); }
 
     ComPtr<IOleClientSite> own_;
+    PageReach reach_;
     ComPtr<IDispatch> ownProperties_;
     SecurityManager* security_ = new SecurityManager;
 };
 
 }  // namespace
 
-BrowserSite restrictBrowser(IWebBrowser2& browser, HWND parent) {
+BrowserSite restrictBrowser(IWebBrowser2& browser, HWND parent, PageReach reach) {
     ComPtr<IOleObject> object;
     ComPtr<IOleClientSite> own;
     browser.QueryInterface(IID_IOleObject, reinterpret_cast<void**>(object.GetAddressOf()));
     if (object) object->GetClientSite(own.GetAddressOf());
     if (!own) return {};
     BrowserSite site;
-    site.Attach(new Site(own.Get()));
+    site.Attach(new Site(own.Get(), reach));
     // An object takes another site while it is not active only.
     ComPtr<IOleInPlaceObject> place;
     browser.QueryInterface(IID_IOleInPlaceObject, reinterpret_cast<void**>(place.GetAddressOf()));

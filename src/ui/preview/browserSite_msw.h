@@ -9,6 +9,8 @@
 #include <oleidl.h>
 #include <wrl/client.h>
 
+#include "ui/preview/confinedBrowser.h"
+
 namespace tavisk {
 
 using BrowserSite = Microsoft::WRL::ComPtr<IOleClientSite>;
@@ -16,6 +18,6 @@ using BrowserSite = Microsoft::WRL::ComPtr<IOleClientSite>;
 /// Puts a site of ours before the browser's own, to which it passes on all that it does not decide
 /// itself: no scripts, no programs in the page, no windows, no menu entries that leave it. `parent`
 /// is the window in which the browser is shown.
-BrowserSite restrictBrowser(IWebBrowser2& browser, HWND parent);
+BrowserSite restrictBrowser(IWebBrowser2& browser, HWND parent, PageReach reach);
 
 }  // namespace tavisk

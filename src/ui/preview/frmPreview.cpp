@@ -3,11 +3,15 @@
 #include <algorithm>
 #include <string_view>
 #include <utility>
+#include <wx/button.h>
 #include <wx/display.h>
 #include <wx/stattext.h>
+#include <wx/toolbar.h>
 #include <wx/webview.h>
 
 #include "base/error.h"
+#include "base/files.h"
+#include "page/otherPlaces.h"
 #include "ui/preview/fileAddress.h"
 #include "ui/toolkit/handlers.h"
 #include "ui/toolkit/launch.h"
@@ -38,17 +42,23 @@ frmPreview::frmPreview(wxWindow* parent)
     SetSize(firstSize(parent ? *parent : *this));
     CentreOnParent();
 
-    prepareBrowserEngine();
-    browserPreview =
-        wxWebView::New(this, wxID_ANY, wxWebViewDefaultURLStr, wxDefaultPosition, wxDefaultSize,
-                       wxWebViewBackendDefault, wxBORDER_NONE, "browserPreview");
+    openBrowser(PageReach::files);
+
+    Bind(wxEVT_SIZE, [this](wxSizeEvent&) { guarded(dialogs_, [&] { fillClientArea(); }); });
+    Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { guarded(dialogs_, [&] { endModal(); }); });
+}
+
+void frmPreview::openBrowser(PageReach reach) {
+    policy_.reset();
+    if (browserPreview) browserPreview->Destroy();
+    browserPreview = newConfinedBrowser(*this, "browserPreview", reach);
     if (!browserPreview) raise(ErrorNumber::cannotLoadObject);
     // The browser calls from inside itself; what the window does follows when it has returned.
     const auto later = [this](const std::function<void()>& action) {
         CallAfter([this, action] { guarded(dialogs_, action); });
     };
     policy_ = std::make_unique<BrowserPolicy>(
-        *browserPreview,
+        *browserPreview, reach,
         BrowserEvents{
             .keyPressed = [this, later](BrowserKey key) { later([this, key] { onKey(key); }); },
             .addressClicked =
@@ -57,9 +67,6 @@ frmPreview::frmPreview(wxWindow* parent)
                 },
             .ended = [this, later] { later([this] { onEnded(); }); }});
     fillClientArea();
-
-    Bind(wxEVT_SIZE, [this](wxSizeEvent&) { guarded(dialogs_, [&] { fillClientArea(); }); });
-    Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { guarded(dialogs_, [&] { endModal(); }); });
     browserPreview->Bind(wxEVT_WEBVIEW_ERROR, [this](wxWebViewEvent& event) {
         guarded(dialogs_, [&] {
             if (isPage(event)) failed_ = true;
@@ -77,9 +84,45 @@ frmPreview::frmPreview(wxWindow* parent)
 
 void frmPreview::navigate(const std::string& path) {
     page_ = fileAddress(path);
+    loadPage();
+    DiskFiles files;
+    if (files.fileExists(path)) tellOfOtherPlaces(countOtherPlaces(files.read(path)));
+}
+
+void frmPreview::loadPage() {
     pageLoaded_ = false;
     failed_ = false;
     policy_->load(page_);
+}
+
+void frmPreview::tellOfOtherPlaces(std::size_t count) {
+    if (count == 0) return;
+    // A bar of the frame: the page has the client area for itself.
+    toolOtherPlaces = CreateToolBar(wxTB_HORIZONTAL | wxTB_NODIVIDER, wxID_ANY, "toolOtherPlaces");
+    const wxString said =
+        count == 1 ? wxString("1 thing from another place was not loaded")
+                   : wxString::Format("%zu things from other places were not loaded", count);
+    toolOtherPlaces->AddControl(new wxStaticText(toolOtherPlaces, wxID_ANY, said + "  ",
+                                                 wxDefaultPosition, wxDefaultSize, 0,
+                                                 "lblOtherPlaces"));
+    cmdLoadOtherPlaces = new wxButton(toolOtherPlaces, wxID_ANY, "&Load them");
+    cmdLoadOtherPlaces->SetName("cmdLoadOtherPlaces");
+    cmdLoadOtherPlaces->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+        // The button goes with its bar.
+        CallAfter([this] { guarded(dialogs_, [&] { loadOtherPlaces(); }); });
+    });
+    toolOtherPlaces->AddControl(cmdLoadOtherPlaces);
+    toolOtherPlaces->Realize();
+    fillClientArea();
+}
+
+void frmPreview::loadOtherPlaces() {
+    if (!toolOtherPlaces) return;
+    SetToolBar(nullptr);
+    std::exchange(toolOtherPlaces, nullptr)->Destroy();
+    cmdLoadOtherPlaces = nullptr;
+    openBrowser(PageReach::everywhere);
+    loadPage();
 }
 
 bool frmPreview::isPage(const wxWebViewEvent& event) const {

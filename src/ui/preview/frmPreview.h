@@ -9,15 +9,18 @@
 #include "ui/toolkit/runtime.h"
 #include "ui/toolkit/wxDialogs.h"
 
+class wxButton;
 class wxStaticText;
+class wxToolBar;
 class wxWebView;
 class wxWebViewEvent;
 
 namespace tavisk {
 
 /// Runs no scripts of the page, opens no windows for it and leaves it for no link; a clicked link
-/// to another address goes to `openAddress`. Zooms with Ctrl and plus, minus or 0; Escape and
-/// Ctrl+W close it.
+/// to another address goes to `openAddress`. What the page would load from servers it does without,
+/// unless the user wants it: a bar above the page tells how much that is. Zooms with Ctrl and plus,
+/// minus or 0; Escape and Ctrl+W close it.
 class frmPreview final : public ModalFrame {
 public:
     explicit frmPreview(wxWindow* parent);
@@ -33,11 +36,18 @@ public:
     wxWebView* browserPreview = nullptr;
     /// Stands in for the browser when its process has ended.
     wxStaticText* lblEnded = nullptr;
+    /// Above the page while something of it was not loaded, and what to do about it.
+    wxToolBar* toolOtherPlaces = nullptr;
+    wxButton* cmdLoadOtherPlaces = nullptr;
 
     /// Opens an address in the user's own browser.
     std::function<void(const std::string& address)> openAddress;
 
 private:
+    void openBrowser(PageReach reach);
+    void loadPage();
+    void tellOfOtherPlaces(std::size_t count);
+    void loadOtherPlaces();
     void fillClientArea();
     bool isPage(const wxWebViewEvent& event) const;
     void onKey(BrowserKey key);
