@@ -24,7 +24,7 @@ void parse(benchmark::State& state) {
     const std::string& xml = documentOfSize(state.range(0));
     for (auto _ : state) {
         ParseResult result = readXml(dom::Source::copy(xml));
-        if (result.document == nullptr) state.SkipWithError(result.reason.c_str());
+        if (result.document == nullptr) state.SkipWithError(result.refusal.reason.c_str());
         benchmark::DoNotOptimize(result);
     }
     countBytes(state, xml.size());

@@ -7,7 +7,6 @@
 #include <utility>
 #include <variant>
 
-#include "base/text.h"
 #include "check/nodeChecks.h"
 #include "check/plainPage.h"
 #include "check/rehearsal.h"
@@ -49,24 +48,19 @@ Findings explain(const Failure& failure, const dom::Source& source, const NodeNu
 
 }  // namespace
 
-Finding rejection(const Message& message) {
-    std::string text = message.text;
-    if (message.title != defaultTitle) {
-        text = replaceAll(replaceAll(text, "\r\n\r\n", " "), "\r\n", " ");
-        return {Severity::error, "document-rejected", "", "", std::nullopt, std::move(text)};
-    }
-    std::optional<Place> place;
-    if (const std::size_t line = text.rfind("\r\n"); line != std::string::npos) {
-        const std::string where = text.substr(line + 2);  // "line 3"
-        place = Place{static_cast<std::size_t>(leadingNumber(where.substr(where.find(' ') + 1)))};
-        text = text.substr(0, line) + " (" + where + ')';
-    }
-    return {Severity::error, "not-well-formed", "", "", std::nullopt, std::move(text), place};
+Finding rejection(const Refusal& refusal) {
+    return {Severity::error,
+            refusal.place ? "not-well-formed" : "document-rejected",
+            "",
+            "",
+            std::nullopt,
+            refusal.sentence(),
+            refusal.place};
 }
 
 Findings checkDocument(const dom::Source& source, Places places) {
-    std::variant<HelpDocument, Message> opened = openHelpDocument(source);
-    if (const Message* message = std::get_if<Message>(&opened)) return {rejection(*message)};
+    std::variant<HelpDocument, Refusal> opened = openHelpDocument(source);
+    if (const Refusal* refusal = std::get_if<Refusal>(&opened)) return {rejection(*refusal)};
 
     auto& document = std::get<HelpDocument>(opened);
     FindingList list;

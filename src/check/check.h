@@ -1,7 +1,7 @@
 // Everything that an author wants to know about a document before it goes out.
 #pragma once
 
-#include "base/message.h"
+#include "base/refusal.h"
 #include "check/finding.h"
 #include "xml/dom.h"
 
@@ -14,7 +14,7 @@ enum class Places { left, wanted };
 /// text takes a little longer.
 Findings checkDocument(const dom::Source& source, Places places = Places::left);
 
-/// The finding for a document that loading would refuse with this message.
-Finding rejection(const Message& message);
+/// The finding for a document that loading refuses.
+Finding rejection(const Refusal& refusal);
 
 }  // namespace tavisk

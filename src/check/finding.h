@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/refusal.h"
 #include "xml/dom.h"
 
 namespace tavisk {
@@ -18,14 +19,6 @@ enum class Severity { error, warning };
 
 /// "error" or "warning".
 std::string_view nameOf(Severity severity);
-
-/// A place in the text of a document; both count from 1, columns in UTF-16 code units.
-struct Place {
-    std::size_t line = 1;
-    std::optional<std::size_t> column = std::nullopt;
-
-    bool operator==(const Place&) const = default;
-};
 
 struct Finding {
     Severity severity = Severity::error;

@@ -32,7 +32,7 @@ public:
         try {
             checked.document.findings = findingsOf(file);
         } catch (const Rejected& rejected) {
-            checked.document.findings.push_back(rejection(rejected.message()));
+            checked.document.findings.push_back(rejection(rejected.refusal()));
         } catch (...) {
             if (line_.isAlone() && !line_.sarif) throw;
             checked.document.error = currentRunTimeError();

@@ -58,8 +58,8 @@ public:
         HelpSession session = line_.folder ? HelpSession(files_, absoluteFolder(*line_.folder))
                                            : HelpSession(none, "");
         progress_.phase("loading the document");
-        if (auto message = session.load(std::move(source), HelpSession::Keep::nothing)) {
-            throw Rejected(*message);
+        if (auto refusal = session.load(std::move(source), HelpSession::Keep::nothing)) {
+            throw Rejected(*refusal);
         }
 
         progress_.phase("saving the document");
@@ -97,7 +97,7 @@ private:
         std::string text(source.bytes.get(), source.size);
         if (text.find('\0') == std::string::npos) return text;
         auto opened = openHelpDocument(dom::Source::copy(text));
-        if (const Message* message = std::get_if<Message>(&opened)) throw Rejected(*message);
+        if (const Refusal* refusal = std::get_if<Refusal>(&opened)) throw Rejected(*refusal);
         raise(ErrorNumber::invalidArgument);
     }
 
@@ -184,7 +184,7 @@ ExitCode runCommand(std::span<const std::string> arguments, const Streams& strea
         streams.err << "tavisk: " << error.what() << '\n' << std::flush;
         return ExitCode::runTimeError;
     } catch (const Rejected& rejected) {
-        streams.err << inFull(rejected.message()) << std::flush;
+        streams.err << inFull(rejected.refusal()) << std::flush;
         return ExitCode::rejected;
     } catch (...) {
         return report(currentRunTimeError(), nullptr, streams);

@@ -101,7 +101,7 @@ std::size_t findLoneSurrogate(std::u16string_view text) {
 
 [[noreturn]] void reject(std::u16string_view before) {
     const auto line = 1 + std::ranges::count(before, u'\n');
-    throw Rejected({"The text is not valid Unicode\r\nline " + std::to_string(line)});
+    throw Rejected({"The text is not valid Unicode", Place{static_cast<std::size_t>(line)}});
 }
 
 dom::Source fromUtf16(std::string_view bytes, ByteOrder order) {

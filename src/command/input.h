@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "base/message.h"
+#include "base/refusal.h"
 #include "xml/dom.h"
 
 namespace tavisk {
@@ -14,12 +14,12 @@ namespace tavisk {
 /// Why a document is none; nothing more can be done with it.
 class Rejected : public std::exception {
 public:
-    explicit Rejected(Message message) : message_(std::move(message)) {}
+    explicit Rejected(Refusal refusal) : refusal_(std::move(refusal)) {}
 
-    const Message& message() const noexcept { return message_; }
+    const Refusal& refusal() const noexcept { return refusal_; }
 
 private:
-    Message message_;
+    Refusal refusal_;
 };
 
 /// Whether a file may be mapped: it is then not copied, but another program that cuts it short ends

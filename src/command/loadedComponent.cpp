@@ -49,7 +49,7 @@ using Handle = std::unique_ptr<char, void (*)(void*)>;
 void check(int number) {
     const auto error = static_cast<ErrorNumber>(number);
     if (error == ErrorNumber::objectUnloaded)
-        throw Rejected({"the document was rejected", "tavisk"});
+        throw Rejected({"the document was rejected", std::nullopt, "tavisk"});
     if (number != 0) raise(error);
 }
 

@@ -47,8 +47,8 @@ std::optional<std::string> readPicture(Files& files, const std::string& folder,
 }
 
 void load(HelpSession& session, dom::Source source) {
-    if (auto message = session.load(std::move(source), HelpSession::Keep::nothing)) {
-        throw Rejected(*message);
+    if (auto refusal = session.load(std::move(source), HelpSession::Keep::nothing)) {
+        throw Rejected(*refusal);
     }
 }
 

@@ -39,19 +39,20 @@ std::string describe(const RunTimeError& error) {
     return "Run-time error '" + std::to_string(error.number()) + "': " + error.what();
 }
 
-std::string inFull(const Message& message) {
+std::string inFull(const Refusal& refusal) {
+    const Message message = refusal.message();
     return message.title + ": " + replaceAll(message.text, "\r\n", "\n") + '\n';
 }
 
-std::string complaint(const std::string& file, const Message& rejection) {
-    return lineOf(file, "rejected: " + tavisk::rejection(rejection).message);
+std::string complaint(const std::string& file, const Refusal& refusal) {
+    return lineOf(file, "rejected: " + refusal.sentence());
 }
 
 std::string currentComplaint(const std::string& file) {
     try {
         throw;
     } catch (const Rejected& rejected) {
-        return complaint(file, rejected.message());
+        return complaint(file, rejected.refusal());
     } catch (const FileError& error) {
         const bool own = error.file() == file || (file == "-" && error.file() == "standard input");
         return lineOf(file, describe(error) + (own ? "" : " (" + error.file() + ')'));

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/error.h"
-#include "base/message.h"
+#include "base/refusal.h"
 
 namespace tavisk {
 
@@ -18,10 +18,10 @@ void appendPlain(std::string& line, std::string_view text);
 std::string describe(const RunTimeError& error);
 
 /// As a window would show it: "Error: No cabinet data found...", with a line for each of its own.
-std::string inFull(const Message& message);
+std::string inFull(const Refusal& refusal);
 
 /// "a.xml: rejected: No cabinet data found..."
-std::string complaint(const std::string& file, const Message& rejection);
+std::string complaint(const std::string& file, const Refusal& refusal);
 
 /// What is said of the exception being handled: the same for a rejection, and "a.xml: Run-time
 /// error '70': Permission denied (out/a/temp.html)" for an error. Call inside a catch block only;

@@ -43,11 +43,11 @@ public:
 
 /// Error 364 for a document that is rejected, of which the user is told here.
 void load(HelpSession& session, std::string_view xml) {
-    std::optional<Message> refusal;
+    std::optional<Refusal> refusal;
     runLongWork(nullptr, "Opening the document",
                 [&] { refusal = session.load(dom::Source::copy(xml)); });
     if (!refusal) return;
-    WxDialogs(nullptr).messageBox(*refusal);
+    WxDialogs(nullptr).messageBox(refusal->message());
     raise(ErrorNumber::objectUnloaded);
 }
 

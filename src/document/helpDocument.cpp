@@ -8,17 +8,15 @@
 namespace tavisk {
 namespace {
 
-Message critical(const char* text, const char* title) {
-    return {text, title, BoxStyle::okCritical};
+Refusal critical(const char* reason, const char* title) {
+    return {reason, std::nullopt, title, BoxStyle::okCritical};
 }
 
 }  // namespace
 
-std::variant<HelpDocument, Message> openHelpDocument(dom::Source source) {
+std::variant<HelpDocument, Refusal> openHelpDocument(dom::Source source) {
     ParseResult parsed = readXml(std::move(source));
-    if (parsed.document == nullptr) {
-        return Message{parsed.reason + "\r\nline " + std::to_string(parsed.line)};
-    }
+    if (parsed.document == nullptr) return std::move(parsed.refusal);
 
     const std::vector<dom::Node*> cabinets = parsed.document->elementsByTagName("cabinet");
     if (cabinets.empty()) return critical("No cabinet data found...", "Error");

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <variant>
 
-#include "base/message.h"
+#include "base/refusal.h"
 #include "xml/dom.h"
 
 namespace tavisk {
@@ -17,7 +17,6 @@ struct HelpDocument {
     dom::Node* cabinet = nullptr;  ///< the one element of that name
 };
 
-/// The document, or the message that tells the user why it cannot be used.
-std::variant<HelpDocument, Message> openHelpDocument(dom::Source source);
+std::variant<HelpDocument, Refusal> openHelpDocument(dom::Source source);
 
 }  // namespace tavisk

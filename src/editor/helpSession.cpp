@@ -111,10 +111,10 @@ void DropDownList::choose(std::string_view text) {
 HelpSession::HelpSession(Files& files, std::string folder)
     : files_(files), folder_(std::move(folder)), IMG_TEMP(folder_ + "/temp_images/") {}
 
-std::optional<Message> HelpSession::load(dom::Source source, Keep keep) {
+std::optional<Refusal> HelpSession::load(dom::Source source, Keep keep) {
     begin(keep);  // memory of the document before is free for this one
     auto opened = openHelpDocument(std::move(source));
-    if (auto* refusal = std::get_if<Message>(&opened)) return std::move(*refusal);
+    if (auto* refusal = std::get_if<Refusal>(&opened)) return std::move(*refusal);
     load(std::get<HelpDocument>(std::move(opened)), keep);
     return std::nullopt;
 }

@@ -11,7 +11,7 @@
 
 #include "base/dialogs.h"
 #include "base/files.h"
-#include "base/message.h"
+#include "base/refusal.h"
 #include "document/helpDocument.h"
 #include "editor/nodePanel.h"
 #include "formulas/formulaCatalogue.h"
@@ -41,11 +41,11 @@ public:
     enum class Keep { nothing, savedText };
 
     /// Loads a document: everything that was there is gone first. A document whose shape is wrong
-    /// gives the message for the user and leaves the session unloaded; a run-time error travels,
+    /// gives the reason and leaves the session unloaded; a run-time error travels,
     /// and leaves it unloaded too. `Keep::nothing` sets neither `lastsave` nor `xmlText`, now or
     /// when saving, for callers that only render or write the document out: `changed` means nothing
     /// then.
-    std::optional<Message> load(dom::Source source, Keep keep = Keep::savedText);
+    std::optional<Refusal> load(dom::Source source, Keep keep = Keep::savedText);
     /// The same for a document that is open already.
     void load(HelpDocument document, Keep keep = Keep::savedText);
     /// `xmlText` stays, so that it can be fetched after the window has closed.

@@ -54,7 +54,7 @@ class Reader {
 public:
     explicit Reader(dom::TreeBuilder& builder) : builder_(builder), source_(builder.source()) {}
 
-    /// False after an error; `reason` and `line` tell it.
+    /// False after an error, which `refusal` tells.
     bool parse() {
         if (!checkBytes()) return false;
         xmlInitParser();
@@ -66,14 +66,15 @@ public:
         xmlCtxtReadDoc(context_, reinterpret_cast<const xmlChar*>(source_.data()), nullptr, "UTF-8",
                        parseOptions);
         if (thrown_) std::rethrow_exception(thrown_);
-        if (reason.empty() && !context_->wellFormed) record(lastReason_, lastLine_);
-        return reason.empty();
+        if (!failed() && !context_->wellFormed) record(lastReason_, lastLine_);
+        return !failed();
     }
 
-    std::string reason;
-    int line = 0;
+    Refusal refusal;
 
 private:
+    bool failed() const { return refusal.place.has_value(); }
+
     // What the parser does not notice, or gives a misleading reason for.
     bool checkBytes() {
         if (source_.starts_with(byteOrderMark)) source_.remove_prefix(byteOrderMark.size());
@@ -89,7 +90,7 @@ private:
         } else if (source_.size() >= INT_MAX) {
             record("The document is too large", 1);
         }
-        return reason.empty();
+        return !failed();
     }
 
     int lineAt(std::size_t offset) const {
@@ -97,9 +98,9 @@ private:
     }
 
     void record(std::string why, int where) {
-        if (!reason.empty()) return;
-        reason = why.empty() ? "The document cannot be read" : std::move(why);
-        line = where;
+        if (failed()) return;
+        refusal = {why.empty() ? "The document cannot be read" : std::move(why),
+                   Place{static_cast<std::size_t>(where)}};
     }
 
     void stop(const char* why) {
@@ -394,8 +395,7 @@ ParseResult readXml(dom::Source source) {
         builder.setDeclaration(startsWithDeclaration(builder.source()));
         result.document = std::move(document);
     } else {
-        result.reason = std::move(reader.reason);
-        result.line = reader.line;
+        result.refusal = std::move(reader.refusal);
     }
     return result;
 }

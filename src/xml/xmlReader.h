@@ -2,17 +2,16 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <string_view>
 
+#include "base/refusal.h"
 #include "xml/dom.h"
 
 namespace tavisk {
 
 struct ParseResult {
     std::unique_ptr<dom::Document> document;  ///< null when parsing failed
-    std::string reason;                       ///< one line, without a line feed
-    int line = 0;                             ///< counted from 1
+    Refusal refusal;                          ///< then with its line
 };
 
 /// The text is UTF-8; an encoding that its declaration names is ignored, a byte order mark at the

@@ -116,13 +116,13 @@ TEST(CheckDocument, GapsBeyondAllMeasureCannotBeRendered) {
 }
 
 TEST(Rejection, JoinsTheLinesOfAMessage) {
-    EXPECT_EQ(rejection({"Error in XML data:\r\n\r\nwhy", "Fatal error", BoxStyle::okCritical}),
+    EXPECT_EQ(rejection({"Error in XML data:\r\n\r\nwhy"}),
               (Finding{Severity::error, "document-rejected", "", "", std::nullopt,
                        "Error in XML data: why"}));
 }
 
 TEST(Rejection, PutsTheLineOfAParseErrorBehindIt) {
-    EXPECT_EQ(rejection({"Reason\r\nline 7"}),
+    EXPECT_EQ(rejection({"Reason", Place{7}}),
               (Finding{Severity::error, "not-well-formed", "", "", std::nullopt, "Reason (line 7)",
                        Place{7}}));
 }

@@ -23,7 +23,7 @@ Message rejectionOf(std::string_view bytes) {
         readBytes(bytes);
         return {"accepted"};
     } catch (const Rejected& rejected) {
-        return rejected.message();
+        return rejected.refusal().message();
     }
 }
 

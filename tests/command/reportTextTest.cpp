@@ -18,9 +18,9 @@ std::string complaintOf(const std::string& file, Error error) {
 }
 
 TEST(Complaint, ARejectionIsOneLine) {
-    EXPECT_EQ(complaint("a.xml", {"Error in XML data:\r\n\r\nNo.", "Fatal error"}),
+    EXPECT_EQ(complaint("a.xml", {"Error in XML data:\r\n\r\nNo."}),
               "a.xml: rejected: Error in XML data: No.\n");
-    EXPECT_EQ(complaint("a.xml", {"Reason\r\nline 7"}), "a.xml: rejected: Reason (line 7)\n");
+    EXPECT_EQ(complaint("a.xml", {"Reason", Place{7}}), "a.xml: rejected: Reason (line 7)\n");
 }
 
 TEST(Complaint, AnErrorOfTheDocumentsOwnFile) {

@@ -16,15 +16,15 @@ inline void PrintTo(const Message& message, std::ostream* out) {
 
 namespace {
 
-std::variant<HelpDocument, Message> open(std::string_view xml) {
+std::variant<HelpDocument, Refusal> open(std::string_view xml) {
     return openHelpDocument(dom::Source::copy(xml));
 }
 
 /// The message of a refused document; an empty one when it opens.
 Message refusal(std::string_view xml) {
     const auto opened = open(xml);
-    const Message* message = std::get_if<Message>(&opened);
-    return message == nullptr ? Message{} : *message;
+    const Refusal* refused = std::get_if<Refusal>(&opened);
+    return refused == nullptr ? Message{} : refused->message();
 }
 
 const Message none{"No cabinet data found...", "Error", BoxStyle::okCritical};
@@ -53,7 +53,8 @@ TEST(HelpDocument, TheCabinetMayStandAtAnyDepth) {
 
 TEST(HelpDocument, AParseErrorIsShownWithItsLine) {
     const std::string xml = "<cabinetinfo>\n<cabinet>\n</cabinetinfo>";
-    EXPECT_EQ(refusal(xml), (Message{readXml(xml).reason + "\r\nline 3", "Tavisk", BoxStyle::ok}));
+    EXPECT_EQ(refusal(xml),
+              (Message{readXml(xml).refusal.reason + "\r\nline 3", "Tavisk", BoxStyle::ok}));
 }
 
 TEST(HelpDocument, ARefusedEntityIsAParseError) {
@@ -62,7 +63,7 @@ TEST(HelpDocument, ARefusedEntityIsAParseError) {
 }
 
 TEST(HelpDocument, EmptyTextIsAParseError) {
-    EXPECT_EQ(refusal("").text, readXml("").reason + "\r\nline 1");
+    EXPECT_EQ(refusal("").text, readXml("").refusal.reason + "\r\nline 1");
     EXPECT_EQ(refusal("").style, BoxStyle::ok);
 }
 

@@ -29,14 +29,14 @@ public:
     /// Loads a document with these nodes in its `cabinet` element.
     explicit EditorSession(std::string_view nodes) : EditorSession() { loadNodes(nodes); }
 
-    std::optional<Message> load(std::string_view xml,
+    std::optional<Refusal> load(std::string_view xml,
                                 HelpSession::Keep keep = HelpSession::Keep::savedText) {
         return session.load(dom::Source::copy(xml), keep);
     }
     void loadNodes(std::string_view nodes) {
         const auto refusal =
             load("<cabinetinfo><cabinet>" + std::string(nodes) + "</cabinet></cabinetinfo>");
-        if (refusal) throw std::runtime_error("the test's own document: " + refusal->text);
+        if (refusal) throw std::runtime_error("the test's own document: " + refusal->reason);
     }
 
     /// The row that a key leads to, for example "cabinet=>a".

@@ -45,17 +45,18 @@ TEST(HelpSession, PictureFolderIsThatOfTheComponent) {
 TEST(HelpSession, RejectedDocumentGivesItsMessageAndLeavesNothingLoaded) {
     EditorSession editor("<old/>");
     EXPECT_EQ(editor.load("<cabinetinfo/>"),
-              (Message{"No cabinet data found...", "Error", BoxStyle::okCritical}));
+              (Refusal{"No cabinet data found...", std::nullopt, "Error", BoxStyle::okCritical}));
     expectUnloaded(editor.session);
 }
 
 TEST(HelpSession, UnreadableDocumentGivesReasonAndLineAndLeavesNothingLoaded) {
     EditorSession editor("<old/>");
-    const auto message = editor.load("<cabinetinfo>\n<cabinet>\n</cabinetinfo>");
-    ASSERT_TRUE(message.has_value());
-    EXPECT_EQ(message->title, "Tavisk");
-    EXPECT_EQ(message->style, BoxStyle::ok);
-    EXPECT_TRUE(message->text.ends_with("\r\nline 3")) << message->text;
+    const auto refusal = editor.load("<cabinetinfo>\n<cabinet>\n</cabinetinfo>");
+    ASSERT_TRUE(refusal.has_value());
+    const Message message = refusal->message();
+    EXPECT_EQ(message.title, "Tavisk");
+    EXPECT_EQ(message.style, BoxStyle::ok);
+    EXPECT_TRUE(message.text.ends_with("\r\nline 3")) << message.text;
     expectUnloaded(editor.session);
 }
 

@@ -32,7 +32,7 @@ void requireUsable(std::string_view text) {
     try {
         const auto refusal = session.load(dom::Source::copy(text));
         require(!refusal,
-                "without an error it is not refused, but: " + refusal.value_or(Message{}).text);
+                "without an error it is not refused, but: " + refusal.value_or(Refusal{}).reason);
         require(findInvalidUtf8(pageOf(session)) == std::string::npos,
                 "a page of its own is UTF-8");
         session.generatepreview(true);
@@ -50,12 +50,14 @@ void requireReadable(const std::string& report, std::string_view kind) {
 }
 
 void requireReports(const Findings& findings) {
-    requireReadable(jsonReport("a.xml", findings), "JSON");
-    const auto sarif = sarifReport();
     CheckTotals totals;
     const CheckedDocument document{"a.xml", findings, std::nullopt};
     totals.count(document);
-    requireReadable(sarif->begin() + sarif->add(document) + sarif->end(totals), "SARIF");
+    const auto whole = [&](const std::unique_ptr<CheckReport>& report) {
+        return report->begin() + report->add(document) + report->end(totals);
+    };
+    requireReadable(whole(jsonReport(true)), "JSON");
+    requireReadable(whole(sarifReport()), "SARIF");
 }
 
 void requirePlace(const Finding& finding, std::size_t lines) {

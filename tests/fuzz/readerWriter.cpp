@@ -9,15 +9,17 @@ namespace tavisk::fuzz {
 namespace {
 
 void requireReason(const ParseResult& result) {
-    require(!result.reason.empty(), "a refused document has a reason");
-    require(result.reason.find_first_of("\r\n") == std::string::npos, "the reason is one line");
-    require(result.line >= 1, "the line counts from 1");
+    require(!result.refusal.reason.empty(), "a refused document has a reason");
+    require(result.refusal.reason.find_first_of("\r\n") == std::string::npos,
+            "the reason is one line");
+    require(result.refusal.place && result.refusal.place->line >= 1, "the line counts from 1");
 }
 
 void requireSameTree(dom::Document& document) {
     const std::string once = writeXml(document);
     const ParseResult again = readXml(once);
-    require(again.document != nullptr, "what was written reads again, but: " + again.reason);
+    require(again.document != nullptr,
+            "what was written reads again, but: " + again.refusal.reason);
     require(reference::plainOf(again.document->root()) == reference::plainOf(document.root()),
             "what was written reads again as the same tree");
     require(writeXml(*again.document) == once, "both writings are equal");

@@ -102,7 +102,7 @@ void requireSave(HelpSession& session) {
     }
     require(after == plain, "the saved document is the literal one");
     const ParseResult again = readXml(session.xmlText);
-    require(again.document != nullptr, "what was saved reads again, but: " + again.reason);
+    require(again.document != nullptr, "what was saved reads again, but: " + again.refusal.reason);
     require(reference::plainOf(again.document->root()) == reference::asLoaded(plain),
             "what was saved reads again as the same tree");
 }
@@ -119,7 +119,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::errorOf([&] {
         const auto refusal = session.load(dom::Source::copy(fuzz::bytesOf(data, size)));
         usable = !refusal;
-        if (refusal) fuzz::require(!refusal->text.empty(), "a refusal says why");
+        if (refusal) fuzz::require(!refusal->reason.empty(), "a refusal says why");
     });
     fuzz::require(session.loaded() == usable, "a session is loaded or it is not");
     if (!usable) return 0;

@@ -14,7 +14,8 @@ namespace tavisk::test {
 
 inline std::unique_ptr<dom::Document> parsed(std::string_view xml) {
     ParseResult result = readXml(xml);
-    if (!result.document) throw std::runtime_error("the test's own document: " + result.reason);
+    if (!result.document)
+        throw std::runtime_error("the test's own document: " + result.refusal.reason);
     return std::move(result.document);
 }
 

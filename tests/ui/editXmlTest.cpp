@@ -172,7 +172,7 @@ TEST_F(EditXml, AHostsOwnWindowTakesNoInputMeanwhile) {
 
 TEST_F(EditXml, ADocumentThatCannotBeParsedIsToldWithItsLine) {
     const std::string xml = "<cabinetinfo>\n<cabinet>\n</cabinetinfo>";
-    dialogs.expectBox(readXml(xml).reason + "\nline 3", "Tavisk", plain);
+    dialogs.expectBox(readXml(xml).refusal.reason + "\nline 3", "Tavisk", plain);
     expectFailure(xml, 364);
     const std::string entity = "<!DOCTYPE cabinetinfo [\n<!ENTITY e 'x'>]><cabinetinfo/>";
     dialogs.expectBox("Entity declarations are not allowed\nline 2", "Tavisk", plain);
@@ -216,7 +216,7 @@ TEST_F(EditXml, AStyleThatIsNoNumberCannotBeOpened) {
 
 TEST_F(EditXml, TheHostsTextComesBackByteByByte) {
     const std::string xml = "<cabinetinfo>\n\t<cabinet \xFF\n";
-    dialogs.expectBox(readXml(xml).reason + "\nline 2", "Tavisk", plain);
+    dialogs.expectBox(readXml(xml).refusal.reason + "\nline 2", "Tavisk", plain);
     expectFailure(xml, 364);
 }
 

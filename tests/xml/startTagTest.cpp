@@ -52,8 +52,7 @@ TEST(StartTag, TagsThatDoNotEndAreLeftToTheParser) {
 TEST(StartTag, ReaderRefusesWithLine) {
     const ParseResult result = readXml("<b>\n" + tagWith(maxAttributes + 1) + "</b>");
     EXPECT_FALSE(result.document);
-    EXPECT_EQ(result.reason, "More than 65,535 attributes in one element");
-    EXPECT_EQ(result.line, 2);
+    EXPECT_EQ(result.refusal, (Refusal{"More than 65,535 attributes in one element", Place{2}}));
 }
 
 /// "name@offset of its text" for each attribute.

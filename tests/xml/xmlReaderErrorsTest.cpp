@@ -16,13 +16,14 @@ const std::string entityReason = "Entity declarations are not allowed";
 int errorLine(std::string_view xml) {
     const ParseResult result = readXml(xml);
     EXPECT_EQ(result.document, nullptr);
-    EXPECT_NE(result.reason, "");
-    EXPECT_EQ(result.reason.find_first_of("\r\n"), std::string::npos) << result.reason;
-    EXPECT_FALSE(result.reason.ends_with(' ')) << result.reason;
-    return result.line;
+    const std::string& reason = result.refusal.reason;
+    EXPECT_NE(reason, "");
+    EXPECT_EQ(reason.find_first_of("\r\n"), std::string::npos) << reason;
+    EXPECT_FALSE(reason.ends_with(' ')) << reason;
+    return static_cast<int>(result.refusal.place.value_or(Place{0}).line);
 }
 
-std::string reasonOf(std::string_view xml) { return readXml(xml).reason; }
+std::string reasonOf(std::string_view xml) { return readXml(xml).refusal.reason; }
 
 std::string nested(int depth) {
     std::string xml;
@@ -45,8 +46,8 @@ TEST(XmlReaderErrors, WhiteSpaceAloneIsRefused) { EXPECT_GE(errorLine(" \n "), 1
 TEST(XmlReaderErrors, ASourceWithoutBytesIsRefused) {
     const ParseResult result = readXml(dom::Source{});
     EXPECT_EQ(result.document, nullptr);
-    EXPECT_EQ(result.reason, readXml("").reason);
-    EXPECT_EQ(result.line, 1);
+    EXPECT_EQ(result.refusal.reason, readXml("").refusal.reason);
+    EXPECT_EQ(result.refusal.place, Place{1});
 }
 
 TEST(XmlReaderErrors, PlainTextIsRefused) { EXPECT_EQ(errorLine("hello"), 1); }
@@ -247,7 +248,7 @@ TEST(XmlReaderErrors, AReaderStartsAfreshAfterAnError) {
     EXPECT_EQ(errorLine("<a>"), 1);
     const ParseResult result = readXml("<a/>");
     EXPECT_NE(result.document, nullptr);
-    EXPECT_EQ(result.line, 0);
+    EXPECT_EQ(result.refusal, Refusal{});
 }
 
 }  // namespace tavisk

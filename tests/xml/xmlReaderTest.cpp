@@ -45,7 +45,7 @@ TEST(XmlReader, ReadsElementsAttributesAndText) {
 TEST(XmlReader, TakesItsSourceAsItIs) {
     const ParseResult result = readXml(dom::Source::copy("<a/>"));
     EXPECT_EQ(result.document->lastChild()->nodeName(), "a");
-    EXPECT_EQ(result.reason, "");
+    EXPECT_EQ(result.refusal, Refusal{});
 }
 
 TEST(XmlReader, RemembersWhetherThereWasADeclaration) {
