@@ -163,8 +163,9 @@ void HelpSession::loadChecked() {
     if (!start) raise(ErrorNumber::objectNotSet);
     selectNode(*this, *start);
 
-    for (dom::Node* location : locations)
-        removeElement(*location);
+    // From the last to the first: one inside another one goes before it.
+    for (auto location = locations.rbegin(); location != locations.rend(); ++location)
+        removeElement(**location);
     if (keep_ == Keep::savedText) {
         lastsave = writeXml(*articledoc);
         xmlText = lastsave;

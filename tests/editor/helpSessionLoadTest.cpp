@@ -114,6 +114,11 @@ TEST(HelpSession, LocationInsideALocationIsRemovedWithIt) {
         "<cabinetinfo><cabinet><a/></cabinet><location><location/></location>"
         "</cabinetinfo>");
     EXPECT_EQ(editor.session.xmlText, "<cabinetinfo><cabinet><a/></cabinet></cabinetinfo>");
+    // Nothing was freed twice: what is added now is all there.
+    dom::Document& document = *editor.session.articledoc;
+    document.append(*editor.session.baseXMLNode, document.createElement("n"));
+    EXPECT_EQ(editor.document(), "<cabinetinfo><cabinet><a/><n/></cabinet>" +
+                                     std::string(generatedPicture) + "</cabinetinfo>");
 }
 
 TEST(HelpSession, DocumentElementInAnotherLetterCaseHasLongerKeys) {
