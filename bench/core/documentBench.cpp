@@ -45,14 +45,14 @@ void load(benchmark::State& state) {
     const std::string& xml = documentOfSize(state.range(0));
     LoadedSession loaded(xml);
     for (auto _ : state)
-        loaded.load(xml, HelpSession::Keep::savedText);
+        loaded.load(xml);
     countBytes(state, xml.size());
 }
 
 void save(benchmark::State& state) {
     LoadedSession loaded(documentOfSize(state.range(0)));
     for (auto _ : state)
-        loaded.session().saveDocument();
+        loaded.session().file.save();
     countBytes(state, loaded.session().xmlText.size());
 }
 
@@ -80,11 +80,11 @@ public:
 /// Everything between a loaded session and the bytes of the finished page.
 void treeToPage(benchmark::State& state) {
     LoadedSession loaded(documentOfSize(state.range(0)));
-    HelpSession& session = loaded.session();
+    HelpFile& file = loaded.session().file;
     PageSink sink;
     for (auto _ : state) {
-        NodeParser parser(*session.articledoc, session.formulaCatalogue, session.imageTemp());
-        writePage(sink, "/page", *session.baseXMLNode, &parser);
+        NodeParser parser(*file.articledoc, file.formulaCatalogue, file.imageTemp());
+        writePage(sink, "/page", *file.baseXMLNode, &parser);
     }
     countBytes(state, sink.bytes);
 }

@@ -12,8 +12,8 @@ const std::string& documentOfSize(std::int64_t size) {
     return size == 0 ? small : size == 1 ? medium : large;
 }
 
-void LoadedSession::load(std::string_view xml, HelpSession::Keep keep) {
-    if (const auto message = session_.load(dom::Source::copy(xml), keep)) {
+void LoadedSession::load(std::string_view xml) {
+    if (const auto message = session_.load(dom::Source::copy(xml))) {
         throw std::runtime_error(message->text);
     }
 }

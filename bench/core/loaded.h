@@ -18,9 +18,9 @@ const std::string& documentOfSize(std::int64_t size);
 /// Files in memory: what is measured is the core, not the disk.
 class LoadedSession {
 public:
-    explicit LoadedSession(std::string_view xml) { load(xml, HelpSession::Keep::nothing); }
+    explicit LoadedSession(std::string_view xml) { load(xml); }
 
-    void load(std::string_view xml, HelpSession::Keep keep);
+    void load(std::string_view xml);
     HelpSession& session() noexcept { return session_; }
 
 private:

@@ -36,7 +36,7 @@ void openToIdle(benchmark::State& state) {
     for (auto _ : state) {
         const auto start = Clock::now();
         LoadedSession loaded("<cabinetinfo><cabinet><a/></cabinet></cabinetinfo>");
-        loaded.load(xml, HelpSession::Keep::savedText);
+        loaded.load(xml);
         auto* const window = new frmMain(loaded.session());
         window->Show();
         test::pumpUntil([window] { return window->IsShownOnScreen(); });
@@ -57,7 +57,7 @@ BENCHMARK(openToIdle)
 struct OpenEditor {
     explicit OpenEditor(std::int64_t nodes)
         : loaded("<cabinetinfo><cabinet><a/></cabinet></cabinetinfo>") {
-        loaded.load(documentOf(nodes), HelpSession::Keep::savedText);
+        loaded.load(documentOf(nodes));
         window = new frmMain(loaded.session());
         window->Show();
         test::pumpUntil([this] { return window->IsShownOnScreen(); });
@@ -77,7 +77,7 @@ struct OpenEditor {
 /// From the click on another row to the panel that shows it, painted.
 void selectNode(benchmark::State& state) {
     OpenEditor editor(state.range(0));
-    dom::Node* const base = editor.loaded.session().baseXMLNode;
+    dom::Node* const base = editor.loaded.session().file.baseXMLNode;
     dom::Node* row = base->firstChild();
     for (auto _ : state) {
         editor.window->controls.TreeXML->choose(*row);
@@ -90,7 +90,7 @@ BENCHMARK(selectNode)->Arg(1'000)->Arg(10'000)->Arg(30'000)->Unit(benchmark::kMi
 void moveNode(benchmark::State& state) {
     OpenEditor editor(state.range(0));
     HelpSession& session = editor.loaded.session();
-    editor.window->controls.TreeXML->choose(*session.baseXMLNode->firstChild());
+    editor.window->controls.TreeXML->choose(*session.file.baseXMLNode->firstChild());
     test::pumpPending();
     bool down = true;
     for (auto _ : state) {
@@ -109,7 +109,8 @@ BENCHMARK(moveNode)->Arg(1'000)->Arg(10'000)->Arg(30'000)->Unit(benchmark::kMill
 /// A key in the text of one node, painted: processor time, whatever the number of nodes.
 void typeInEditor(benchmark::State& state) {
     OpenEditor editor(state.range(0));
-    editor.window->controls.TreeXML->choose(*editor.loaded.session().baseXMLNode->firstChild());
+    editor.window->controls.TreeXML->choose(
+        *editor.loaded.session().file.baseXMLNode->firstChild());
     wxTextCtrl& box = *editor.window->controls.txtValue;
     box.SetFocus();
     test::pumpUntil([&box] { return box.HasFocus(); });

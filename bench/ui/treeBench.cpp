@@ -51,7 +51,7 @@ const char* nameOf(std::int64_t shape) {
 class TreeFrame {
 public:
     explicit TreeFrame(std::int64_t shape) {
-        loaded_.load(documentOf(shape), HelpSession::Keep::savedText);
+        loaded_.load(documentOf(shape));
         frame_ = new wxFrame(nullptr, wxID_ANY, "tree", wxDefaultPosition, wxSize(400, 800));
         tree_ = new HelpTree(frame_);
         tree_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED,
@@ -169,7 +169,7 @@ void treeMove(benchmark::State& state) {
 void treeMoveAllExpanded(benchmark::State& state) {
     TreeFrame frame(state.range(0));
     frame.tree().attach(frame.session());
-    frame.tree().ExpandChildren(wxDataViewItem(frame.session().baseXMLNode));
+    frame.tree().ExpandChildren(wxDataViewItem(frame.session().file.baseXMLNode));
     moveUpAndDown(state, frame);
 }
 

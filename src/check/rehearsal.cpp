@@ -8,8 +8,8 @@
 #include "check/textChecks.h"
 #include "document/nodeKeys.h"
 #include "document/xmlParse.h"
-#include "editor/helpSession.h"
 #include "formulas/formulaCatalogue.h"
+#include "page/helpFile.h"
 #include "page/nodeParse.h"
 #include "page/pageLayout.h"
 
@@ -60,14 +60,14 @@ std::optional<Failure> rehearse(HelpDocument document, Page page) {
     Failure failure{"cannot-be-loaded", "loaded", RunTimeError(ErrorNumber::invalidArgument)};
     try {
         NoFiles files;
-        HelpSession session(files, longestFolder());
-        session.load(std::move(document), HelpSession::Keep::nothing);
+        HelpFile file(files, longestFolder());
+        file.load(std::move(document));
         failure.code = renderCode;
         failure.step = "shown";
-        if (page == Page::made) session.generatepreview(true);
+        if (page == Page::made) file.generatepreview(true);
         failure.code = "cannot-be-saved";
         failure.step = "saved";
-        session.saveDocument();
+        file.save();
         return std::nullopt;
     } catch (...) {
         failure.error = currentRunTimeError();

@@ -25,8 +25,7 @@
 #include "command/reportText.h"
 #include "document/helpDocument.h"
 #include "document/nodeKeys.h"
-#include "editor/helpSession.h"
-#include "editor/nodePanel.h"
+#include "page/helpFile.h"
 #include "xml/xmlWriter.h"
 
 namespace tavisk {
@@ -55,24 +54,22 @@ public:
         dom::Source source = read();
         // Without a folder there is no cabinet picture, which saving would remove again anyway.
         NoFiles none;
-        HelpSession session = line_.folder ? HelpSession(files_, absoluteFolder(*line_.folder))
-                                           : HelpSession(none, "");
+        HelpFile file =
+            line_.folder ? HelpFile(files_, absoluteFolder(*line_.folder)) : HelpFile(none, "");
         progress_.phase("loading the document");
-        if (auto refusal = session.load(std::move(source), HelpSession::Keep::nothing)) {
-            throw Rejected(*refusal);
-        }
+        if (auto refusal = file.load(std::move(source))) throw Rejected(*refusal);
 
         progress_.phase("saving the document");
         if (line_.refreshKey) {
-            dom::Node* row = findTreeNode(*session.baseXMLNode, *line_.refreshKey);
+            dom::Node* row = findTreeNode(*file.baseXMLNode, *line_.refreshKey);
             if (row == nullptr) return refuseKey();
-            selectNode(session, *row);
-            session.refresh();
+            file.normalise(*row);
+            file.saveWithMarker(KeyOfTreeNode(*file.baseXMLNode, *row, keySeparator));
         } else {
-            session.saveDocument();
+            file.save();
         }
-        const auto document = [&session](const Files::Write& write) {
-            writeXml(*session.articledoc, write);
+        const auto document = [&file](const Files::Write& write) {
+            writeXml(*file.articledoc, write);
         };
         if (line_.output && *line_.output != "-") {
             writeOutputFile(files_, *line_.output, document);

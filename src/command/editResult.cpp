@@ -6,7 +6,8 @@
 #include "base/noFiles.h"
 #include "base/paths.h"
 #include "command/fileNames.h"
-#include "editor/helpSession.h"
+#include "page/helpFile.h"
+#include "xml/xmlWriter.h"
 
 namespace tavisk {
 
@@ -15,9 +16,11 @@ namespace fs = std::filesystem;
 bool isEdited(const std::string& handedOver, const std::string& returned) {
     if (returned == handedOver) return false;
     NoFiles none;
-    HelpSession session(none, "");
+    HelpFile file(none, "");
     try {
-        return session.load(dom::Source::copy(handedOver)) || session.xmlText != returned;
+        if (file.open(dom::Source::copy(handedOver))) return true;
+        file.removeMarkers();
+        return writeXml(*file.articledoc) != returned;
     } catch (const RunTimeError&) {
         return true;
     }

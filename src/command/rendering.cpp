@@ -10,7 +10,7 @@
 #include "command/editResult.h"
 #include "command/fileError.h"
 #include "command/input.h"
-#include "editor/helpSession.h"
+#include "page/helpFile.h"
 #include "page/standalonePage.h"
 
 namespace tavisk {
@@ -46,10 +46,8 @@ std::optional<std::string> readPicture(Files& files, const std::string& folder,
     }
 }
 
-void load(HelpSession& session, dom::Source source) {
-    if (auto refusal = session.load(std::move(source), HelpSession::Keep::nothing)) {
-        throw Rejected(*refusal);
-    }
+void load(HelpFile& file, dom::Source source) {
+    if (auto refusal = file.load(std::move(source))) throw Rejected(*refusal);
 }
 
 }  // namespace
@@ -59,11 +57,11 @@ void renderPage(Files& files, const std::string& folder, dom::Source source, boo
     createFolders(files, folder);
     provideAssets(files, folder);
 
-    HelpSession session(files, folder);
+    HelpFile file(files, folder);
     progress.phase("loading the document");
-    load(session, std::move(source));
+    load(file, std::move(source));
     progress.phase("writing the page");
-    session.generatepreview(evaluate);
+    file.generatepreview(evaluate);
 }
 
 void keepDocument(const std::string& file, const std::string& page) {
@@ -80,9 +78,9 @@ std::vector<std::string> renderStandalone(Files& files, const StandalonePlan& pl
 
     std::vector<std::string> missing;
     CabinetPictureOnly own(cabinet);
-    HelpSession session(own, "");
+    HelpFile file(own, "");
     progress.phase("loading the document");
-    load(session, std::move(source));
+    load(file, std::move(source));
 
     progress.phase("writing the page");
     StandaloneParts parts;
@@ -98,8 +96,8 @@ std::vector<std::string> renderStandalone(Files& files, const StandalonePlan& pl
         }
     };
     output([&](const Files::Write& write) {
-        writeStandalonePage(write, *session.articledoc, session.formulaCatalogue,
-                            *session.baseXMLNode, plan.evaluate, parts);
+        writeStandalonePage(write, *file.articledoc, file.formulaCatalogue, *file.baseXMLNode,
+                            plan.evaluate, parts);
     });
     return missing;
 }

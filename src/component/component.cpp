@@ -114,7 +114,7 @@ void previewXML(std::string_view xml, bool evaluateFormula) {
     yieldOnce();
     std::string page;
     runLongWork(nullptr, "Writing the page",
-                [&] { page = session.generatepreview(evaluateFormula); });
+                [&] { page = session.file.generatepreview(evaluateFormula); });
     showPreview(nullptr, page);
     yieldOnce();
 }

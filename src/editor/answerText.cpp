@@ -40,13 +40,7 @@ void replaceSelection(HelpSession& session, TextSelection selection, std::u16str
 }  // namespace
 
 void changeAnswerText(HelpSession& session, std::u16string text) {
-    NodePanel& panel = session.panel;
-    panel.text = std::move(text);
-    panel.tokens.clear();
-    scanTokens(panel.text, panel.tokens);
-    if (!session.currentnode) return;
-    toUtf8(panel.text, panel.utf8);
-    SetAttributeValue(*session.articledoc, *session.currentnode, "value", panel.utf8);
+    session.panel.changeText(*session.file.articledoc, session.currentnode, std::move(text));
 }
 
 void insertFormulaAtCursor(HelpSession& session, std::string_view formula,

@@ -1,6 +1,8 @@
 // Arithmetic of the formatting commands: sizes, gaps, style bits and colours.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -12,6 +14,19 @@ namespace tavisk {
 /// Which text of a node a control acts on; the number is the control's index.
 enum class Side : int { title = 0, answer = 1 };
 enum class Gap : int { above = 0, below = 1 };
+
+inline constexpr std::array sides{Side::title, Side::answer};
+inline constexpr std::array gaps{Gap::above, Gap::below};
+
+template <class Index>
+constexpr std::size_t at(Index index) {
+    return static_cast<std::size_t>(index);
+}
+
+/// The attributes that the controls stand for, by their index.
+inline constexpr std::array<std::string_view, 2> colourNames{"titlecolor", "answercolor"};
+inline constexpr std::array<std::string_view, 2> fontSizeNames{"titlefontsize", "answerfontsize"};
+inline constexpr std::array<std::string_view, 2> gapNames{"spacebefore", "spaceafter"};
 
 /// The plain red, green and blue of a system or palette colour; -1 when there is none.
 using OleTranslateColor = std::int32_t (*)(std::int32_t colour);

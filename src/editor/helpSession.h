@@ -1,9 +1,8 @@
-// One editing session: the document with its catalogue, lists, selection and panel, from loading to
-// saving, without a window.
+// One editing session: a file with its lists, selection and panel, from loading to saving, without
+// a window.
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,9 +11,8 @@
 #include "base/dialogs.h"
 #include "base/files.h"
 #include "base/refusal.h"
-#include "document/helpDocument.h"
 #include "editor/nodePanel.h"
-#include "formulas/formulaCatalogue.h"
+#include "page/helpFile.h"
 #include "xml/dom.h"
 #include "xml/domNamespaces.h"
 
@@ -38,25 +36,18 @@ public:
     /// `folder` is the component's folder, without a trailing separator.
     HelpSession(Files& files, std::string folder);
 
-    enum class Keep { nothing, savedText };
-
     /// Loads a document: everything that was there is gone first. A document whose shape is wrong
     /// gives the reason and leaves the session unloaded; a run-time error travels,
-    /// and leaves it unloaded too. `Keep::nothing` sets neither `lastsave` nor `xmlText`, now or
-    /// when saving, for callers that only render or write the document out: `changed` means nothing
-    /// then.
-    std::optional<Refusal> load(dom::Source source, Keep keep = Keep::savedText);
-    /// The same for a document that is open already.
-    void load(HelpDocument document, Keep keep = Keep::savedText);
+    /// and leaves it unloaded too.
+    std::optional<Refusal> load(dom::Source source);
     /// `xmlText` stays, so that it can be fetched after the window has closed.
     void unload() noexcept;
-    bool loaded() const noexcept { return articledoc != nullptr; }
+    bool loaded() const noexcept { return file.isOpen(); }
 
-    /// All or nothing: removes the generated picture, exports the formulas, and sets `xmlText` and
-    /// `lastsave` to the result (see `Keep`).
+    /// All or nothing: saves the file, and sets `xmlText` and `lastsave` to the result.
     void saveDocument();
 
-    /// Appends the marker of the selected row and saves, all or nothing.
+    /// The same with the marker of the selected row.
     void refresh();
 
     /// Whether the document differs from `lastsave`, by its text.
@@ -67,19 +58,10 @@ public:
     /// travels, and the window stays.
     bool mayUnload(Dialogs& dialogs, const std::function<void()>& save) const;
 
-    /// Writes the page, with pictures and expanded texts when `evaluateFormula` is set, and returns
-    /// its path.
-    std::string generatepreview(bool evaluateFormula);
-
-    /// Takes an element out of the document. One that the tree shows, or that holds the tree, lives
-    /// on outside it until the session ends, because the view and the selection still know it.
+    /// `HelpFile::removeElement`, of which `rowRemoved` is told.
     void removeElement(dom::Node& element);
 
-    const std::string& imageTemp() const noexcept { return IMG_TEMP; }
-    Files& files() noexcept { return files_; }
-
-    std::unique_ptr<dom::Document> articledoc;
-    dom::Node* baseXMLNode = nullptr;
+    HelpFile file;
     dom::Node* currentnode = nullptr;  ///< the element being edited
     dom::Node* selectedRow = nullptr;  ///< the selected row of the tree, by its DOM node
     dom::OwnedNode clipboardnode;
@@ -87,7 +69,6 @@ public:
     /// Told at once when `removeElement` has taken out a row of the tree: the row that was above
     /// it, and the one that has its place there now, null when it was the last.
     std::function<void(dom::Node& parent, dom::Node* next)> rowRemoved;
-    FormulaCatalogue formulaCatalogue;
     DropDownList lstFormulas;
     DropDownList lstImages;
     NodePanel panel;
@@ -95,18 +76,16 @@ public:
     std::string xmlText;
 
 private:
-    void begin(Keep keep);
-    void loadChecked();
+    void begin();
     void fillFormulaList();
     void fillImageList();
-    void addGeneratedPicture();
     std::string selectedKey() const;
-
-    Files& files_;
-    std::string folder_;
-    std::string IMG_TEMP;
-    Keep keep_ = Keep::savedText;
-    std::vector<dom::OwnedNode> removedRows_;
+    template <class Save>
+    void saveBy(Save save);
 };
+
+/// Makes the element that a click on `row` finds the session's current node and fills the panel
+/// from it. Errors end it where they occur and leave the panel `loading`.
+void selectNode(HelpSession& session, dom::Node& row);
 
 }  // namespace tavisk

@@ -24,8 +24,8 @@ std::string_view extensionOf(std::string_view path) { return path.substr(path.rf
 
 void import(HelpSession& session, Dialogs& dialogs, const std::string& path,
             const std::string& name) {
-    dom::Document& document = *session.articledoc;
-    dom::OwnedNode image = importimage(document, session.files(), path);
+    dom::Document& document = *session.file.articledoc;
+    dom::OwnedNode image = importimage(document, session.file.files(), path);
     SetAttributeValue(document, *image, "extension", extensionOf(path));
     SetAttributeValue(document, *image, "name", name);
     document.append(*document.lastChild(), std::move(image));
@@ -62,7 +62,7 @@ void askAndImport(HelpSession& session, Dialogs& dialogs, bool& quiet) {
 /// The first picture that carries the name of the list's current entry.
 dom::Node* chosenImage(const HelpSession& session) {
     const std::string_view entry = session.lstImages.text();
-    for (dom::Node* image : session.articledoc->elementsByTagName("image")) {
+    for (dom::Node* image : session.file.articledoc->elementsByTagName("image")) {
         if ("~" + std::string(GetAttributeValue(image, "name", "")) == entry) return image;
     }
     return nullptr;

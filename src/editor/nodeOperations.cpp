@@ -49,7 +49,7 @@ std::optional<std::string> typedName(Dialogs& dialogs, std::string_view prompt,
 TreeChange addNode(HelpSession& session, dom::Node& parent, Dialogs& dialogs) {
     const auto name = typedName(dialogs, "Enter the name for the new node:", "", parent);
     if (!name) return {};
-    dom::Document& document = *session.articledoc;
+    dom::Document& document = *session.file.articledoc;
     dom::Node& node = document.append(parent, document.createElement(elementName(*name)));
     selectNode(session, node);
     return {TreeChange::Kind::added, &node, &parent};
@@ -83,7 +83,7 @@ void moveTo(dom::Document& document, dom::Node& node, dom::Node& place, bool up)
 
 /// Building the tree again selects the row that the selection's key leads to.
 void selectAgain(HelpSession& session, const std::string& key) {
-    dom::Node* const row = findStartNode(*session.baseXMLNode, key);
+    dom::Node* const row = findStartNode(*session.file.baseXMLNode, key);
     session.selectedRow = row ? row : session.currentnode;
 }
 
@@ -103,7 +103,7 @@ dom::OwnedNode copyWithName(dom::Document& document, const dom::Node& element,
 
 TreeChange addSibling(HelpSession& session, Dialogs& dialogs) {
     if (!session.currentnode) return {};
-    if (session.currentnode == session.baseXMLNode) {
+    if (session.currentnode == session.file.baseXMLNode) {
         dialogs.messageBox(
             {"Cannot add a node beside the base-node", "Error", BoxStyle::okCritical});
         return {};
@@ -124,10 +124,10 @@ TreeChange renameNode(HelpSession& session, Dialogs& dialogs) {
     const auto name = typedName(
         dialogs, "Enter the new name for the node:", shownName(element->baseName()), parent);
     if (!name) return {};
-    dom::OwnedNode renamed = copyWithName(*session.articledoc, *element, *name);
+    dom::OwnedNode renamed = copyWithName(*session.file.articledoc, *element, *name);
     dom::Node* const node = renamed.get();
-    const dom::OwnedNode old = session.articledoc->replace(*element, std::move(renamed));
-    if (session.baseXMLNode == element) session.baseXMLNode = node;
+    const dom::OwnedNode old = session.file.articledoc->replace(*element, std::move(renamed));
+    if (session.file.baseXMLNode == element) session.file.baseXMLNode = node;
     session.currentnode = session.selectedRow = node;
     return {TreeChange::Kind::renamed, node, &parent};
 }
@@ -138,7 +138,7 @@ TreeChange deleteNode(HelpSession& session, Dialogs& dialogs) {
     dom::Node& parent = *element->parent();
 
     // The base node is known by itself too: the document element may be spelt in capitals.
-    if (element == session.baseXMLNode || isNamed(&parent, documentElementName)) {
+    if (element == session.file.baseXMLNode || isNamed(&parent, documentElementName)) {
         dialogs.messageBox({"Cannot delete base-node", "Error", BoxStyle::okCritical});
         return {};
     }
@@ -156,7 +156,7 @@ TreeChange deleteNode(HelpSession& session, Dialogs& dialogs) {
 
     // With names that are not unique the selected row can be another one than the element's.
     dom::Node* const rowAbove = session.selectedRow->parent();
-    const dom::OwnedNode removed = session.articledoc->remove(*element);
+    const dom::OwnedNode removed = session.file.articledoc->remove(*element);
     session.currentnode = nullptr;  // nothing may point at it, even if selecting fails
     selectNode(session, rowAbove ? *rowAbove : parent);
     return {TreeChange::Kind::removed, nullptr, &parent};
@@ -174,8 +174,9 @@ TreeChange moveNode(HelpSession& session, int steps, Dialogs& dialogs) {
              "Cannot Move", BoxStyle::okInformation});
         return {};
     }
-    const std::string key = KeyOfTreeNode(*session.baseXMLNode, *session.selectedRow, keySeparator);
-    moveTo(*session.articledoc, *element, *place, up);
+    const std::string key =
+        KeyOfTreeNode(*session.file.baseXMLNode, *session.selectedRow, keySeparator);
+    moveTo(*session.file.articledoc, *element, *place, up);
     selectAgain(session, key);
     return {TreeChange::Kind::moved, element, element->parent()};
 }
@@ -188,7 +189,7 @@ TreeChange cutNode(HelpSession& session, Dialogs& dialogs) {
 void copyNode(HelpSession& session) {
     if (!session.currentnode) raise(ErrorNumber::objectNotSet);
     std::vector<dom::Namespace> namespaces = dom::namespacesFromAbove(*session.currentnode);
-    session.clipboardnode = session.articledoc->clone(*session.currentnode, true);
+    session.clipboardnode = session.file.articledoc->clone(*session.currentnode, true);
     session.clipboardNamespaces = std::move(namespaces);
 }
 
@@ -199,7 +200,7 @@ TreeChange pasteNode(HelpSession& session, Dialogs& dialogs) {
     const auto name = acceptedName(dialogs, shownName(copied.baseName()), *parent,
                                    "Invalid name, please rename:");
     if (!name) return {};
-    dom::Document& document = *session.articledoc;
+    dom::Document& document = *session.file.articledoc;
     dom::OwnedNode copy = copyWithName(document, copied, *name);
     for (const dom::Namespace& needed : session.clipboardNamespaces) {
         if (dom::namespaceOf(*parent, needed.prefix) != needed.address)

@@ -12,6 +12,7 @@
 #include "document/helpNames.h"
 #include "editor/answerText.h"
 #include "editor/editorSession.h"
+#include "editor/formattingCommands.h"
 #include "editor/imageCommands.h"
 #include "editor/nodeOperations.h"
 #include "reference/random.h"
@@ -92,7 +93,7 @@ public:
         for (const auto& [name, weight, action] : commands_)
             done.emplace_back(name, 0);
         for (int i = 0; i < count && !testing::Test::HasFatalFailure(); ++i) {
-            if (rowsOf(*session.baseXMLNode).size() > 60) begin();
+            if (rowsOf(*session.file.baseXMLNode).size() > 60) begin();
             const std::size_t at = choose();
             SCOPED_TRACE(std::to_string(i) + " " + commands_[at].name);
             const std::string before = state();
@@ -137,7 +138,7 @@ private:
     std::string state() const {
         const auto& copy = session.clipboardnode;
         return document() + selectedKey() + (copy ? writeXml(*copy) : "") +
-               std::to_string(session.formulaCatalogue.entries().size());
+               std::to_string(session.file.formulaCatalogue.entries().size());
     }
 
     /// A name or text that XML cannot hold is refused. Among names that are not unique, a click can
@@ -145,14 +146,14 @@ private:
     void recover(int error) {
         if (error == 91 && !unique_) {
             if (!session.loaded()) begin();
-            selectNode(session, *session.baseXMLNode);
+            selectNode(session, *session.file.baseXMLNode);
         } else {
             EXPECT_EQ(error, 5);
         }
     }
 
     void selectAny() {
-        const std::vector<dom::Node*> rows = rowsOf(*session.baseXMLNode);
+        const std::vector<dom::Node*> rows = rowsOf(*session.file.baseXMLNode);
         selectNode(session, *random_.pick(rows));
     }
 
@@ -186,7 +187,7 @@ private:
     /// Refresh and the next opening.
     void reload() {
         const std::string key = selectedKey();
-        const bool atBase = session.selectedRow == session.baseXMLNode;
+        const bool atBase = session.selectedRow == session.file.baseXMLNode;
         session.refresh();
         EXPECT_FALSE(session.changed());
         session.unload();
@@ -216,7 +217,7 @@ void Walk::addCommands() {
         {"rename", 6,
          [=, this] {
              // A cabinet of another name could not be opened again.
-             if (session.currentnode != session.baseXMLNode) renameNode(session, user_);
+             if (session.currentnode != session.file.baseXMLNode) renameNode(session, user_);
          }},
         {"delete", 4, [=, this] { deleteNode(session, user_); }},
         {"move up", 6, [=, this] { moveNode(session, 1, user_); }},
@@ -225,11 +226,11 @@ void Walk::addCommands() {
         {"move to bottom", 3, [=, this] { moveNode(session, moveToBottom, user_); }},
         {"cut", 3,
          [=, this] {
-             if (session.currentnode != session.baseXMLNode) cutNode(session, user_);
+             if (session.currentnode != session.file.baseXMLNode) cutNode(session, user_);
          }},
         {"copy", 4,
          [=, this] {
-             if (session.currentnode != session.baseXMLNode) copyNode(session);
+             if (session.currentnode != session.file.baseXMLNode) copyNode(session);
          }},
         {"paste", 6, [=, this] { pasteNode(session, user_); }},
         {"font size", 3, [=, this] { changeFontSize(session, button()); }},
@@ -261,7 +262,7 @@ void Walk::addCommands() {
          }},
         {"add formula", 2,
          [=, this] {
-             session.formulaCatalogue.addByPrompt(user_, [=, this](const std::string& name) {
+             session.file.formulaCatalogue.addByPrompt(user_, [=, this](const std::string& name) {
                  session.lstFormulas.entries.push_back(name);
              });
          }},
@@ -273,10 +274,10 @@ void Walk::check() {
     const std::string text = document();
     const auto again = test::parsed(text);
     ASSERT_EQ(writeXml(*again), text);
-    ASSERT_NO_FATAL_FAILURE(expectSameTree(session.articledoc->root(), again->root()));
+    ASSERT_NO_FATAL_FAILURE(expectSameTree(session.file.articledoc->root(), again->root()));
 
-    dom::Node& base = *session.baseXMLNode;
-    ASSERT_EQ(&base, &test::element(*session.articledoc, "cabinet"));
+    dom::Node& base = *session.file.baseXMLNode;
+    ASSERT_EQ(&base, &test::element(*session.file.articledoc, "cabinet"));
     const std::vector<dom::Node*> rows = rowsOf(base);
     const std::set<const dom::Node*> known(rows.begin(), rows.end());
     ASSERT_TRUE(known.contains(session.selectedRow));

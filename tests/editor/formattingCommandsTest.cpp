@@ -1,7 +1,8 @@
+#include "editor/formattingCommands.h"
+
 #include <gtest/gtest.h>
 
 #include "editor/editorSession.h"
-#include "editor/nodePanel.h"
 #include "support/errors.h"
 
 namespace tavisk {
@@ -28,14 +29,14 @@ struct NoNode : EditorSession {
     NoNode() : EditorSession("<a/>") { session.currentnode = nullptr; }
 };
 
-TEST(NodePanel, SmallerTitleFromZero) {
+TEST(FormattingCommands, SmallerTitleFromZero) {
     EditorSession editor("<a/>");
     changeFontSize(editor.session, titleSmaller);
     EXPECT_EQ(editor.current(), R"(<a titlefontsize="-1"/>)");
     EXPECT_EQ(editor.session.panel.fontSizeCaptions[0], "Font Size: -1");
 }
 
-TEST(NodePanel, LargerTitleTwiceFromZero) {
+TEST(FormattingCommands, LargerTitleTwiceFromZero) {
     EditorSession editor(R"(<a titlefontsize="0"/>)");
     changeFontSize(editor.session, titleLarger);
     changeFontSize(editor.session, titleLarger);
@@ -43,7 +44,7 @@ TEST(NodePanel, LargerTitleTwiceFromZero) {
     EXPECT_EQ(editor.session.panel.fontSizeCaptions[0], "Font Size: +2");
 }
 
-TEST(NodePanel, AnswerSizeHasItsOwnAttributeAndLabel) {
+TEST(FormattingCommands, AnswerSizeHasItsOwnAttributeAndLabel) {
     EditorSession editor("<a/>");
     changeFontSize(editor.session, answerLarger);
     EXPECT_EQ(editor.current(), R"(<a answerfontsize="1"/>)");
@@ -53,13 +54,13 @@ TEST(NodePanel, AnswerSizeHasItsOwnAttributeAndLabel) {
     EXPECT_EQ(editor.current(), R"(<a answerfontsize="0"/>)");
 }
 
-TEST(NodePanel, SizeIsRoundedDownBeforeTheStep) {
+TEST(FormattingCommands, SizeIsRoundedDownBeforeTheStep) {
     EditorSession editor(R"(<a titlefontsize="-0.5"/>)");
     changeFontSize(editor.session, titleLarger);
     EXPECT_EQ(editor.current(), R"(<a titlefontsize="0"/>)");
 }
 
-TEST(NodePanel, SizeBeyond16BitsIsError6AndWritesNothing) {
+TEST(FormattingCommands, SizeBeyond16BitsIsError6AndWritesNothing) {
     EditorSession editor(R"(<a titlefontsize="32767" answerfontsize="40000"/>)");
     EXPECT_EQ(errorOf([&] { changeFontSize(editor.session, titleLarger); }), 6);
     EXPECT_EQ(errorOf([&] { changeFontSize(editor.session, answerSmaller); }), 6);
@@ -67,7 +68,7 @@ TEST(NodePanel, SizeBeyond16BitsIsError6AndWritesNothing) {
     EXPECT_EQ(editor.session.panel.fontSizeCaptions[0], "Font Size: +32767");
 }
 
-TEST(NodePanel, SizeReachesTheEndsOf16Bits) {
+TEST(FormattingCommands, SizeReachesTheEndsOf16Bits) {
     EditorSession editor(R"(<a titlefontsize="32766" answerfontsize="-32767"/>)");
     changeFontSize(editor.session, titleLarger);
     changeFontSize(editor.session, answerSmaller);
@@ -75,34 +76,34 @@ TEST(NodePanel, SizeReachesTheEndsOf16Bits) {
     EXPECT_EQ(errorOf([&] { changeFontSize(editor.session, answerSmaller); }), 6);
 }
 
-TEST(NodePanel, GapStaysAtZero) {
+TEST(FormattingCommands, GapStaysAtZero) {
     EditorSession editor("<a/>");
     moveGap(editor.session, aboveSmaller);
     EXPECT_EQ(editor.current(), R"(<a spacebefore="0"/>)");
     EXPECT_EQ(editor.session.panel.gapCaptions[0], "Gap above: 0");
 }
 
-TEST(NodePanel, GapThatIsNoNumberCountsFromZero) {
+TEST(FormattingCommands, GapThatIsNoNumberCountsFromZero) {
     EditorSession editor(R"(<a spacebefore="abc"/>)");
     moveGap(editor.session, aboveLarger);
     EXPECT_EQ(editor.current(), R"(<a spacebefore="1"/>)");
     EXPECT_EQ(editor.session.panel.gapCaptions[0], "Gap above: 1");
 }
 
-TEST(NodePanel, NegativeGapBecomesZero) {
+TEST(FormattingCommands, NegativeGapBecomesZero) {
     EditorSession editor(R"(<a spacebefore="-9"/>)");
     moveGap(editor.session, aboveLarger);
     EXPECT_EQ(editor.current(), R"(<a spacebefore="0"/>)");
 }
 
-TEST(NodePanel, GapBelowHasItsOwnAttributeAndLabel) {
+TEST(FormattingCommands, GapBelowHasItsOwnAttributeAndLabel) {
     EditorSession editor(R"(<a spaceafter="1"/>)");
     moveGap(editor.session, belowLarger);
     EXPECT_EQ(editor.current(), R"(<a spaceafter="2"/>)");
     EXPECT_EQ(editor.session.panel.gapCaptions[1], "Gap below: 2");
 }
 
-TEST(NodePanel, GapBeyond16BitsIsError6AndWritesNothing) {
+TEST(FormattingCommands, GapBeyond16BitsIsError6AndWritesNothing) {
     EditorSession editor(R"(<a spacebefore="32767" spaceafter="-32768"/>)");
     EXPECT_EQ(errorOf([&] { moveGap(editor.session, aboveLarger); }), 6);
     EXPECT_EQ(errorOf([&] { moveGap(editor.session, 3); }), 6);
@@ -110,7 +111,7 @@ TEST(NodePanel, GapBeyond16BitsIsError6AndWritesNothing) {
     EXPECT_EQ(editor.session.panel.gapCaptions[0], "Gap above: 32767");
 }
 
-TEST(NodePanel, ChosenColourIsWrittenAndShown) {
+TEST(FormattingCommands, ChosenColourIsWrittenAndShown) {
     EditorSession editor("<a/>");
     editor.dialogs.expectColour(0x004080FF);
     changeColour(editor.session, Side::title, editor.dialogs);
@@ -119,7 +120,7 @@ TEST(NodePanel, ChosenColourIsWrittenAndShown) {
     EXPECT_EQ(editor.session.panel.colours[0], 0x004080FFu);
 }
 
-TEST(NodePanel, AnswerColourIsTheDialogsOwnWhileTheTextHasItsBlue) {
+TEST(FormattingCommands, AnswerColourIsTheDialogsOwnWhileTheTextHasItsBlue) {
     EditorSession editor("<a/>");
     editor.dialogs.expectColour(0x00C80000);
     changeColour(editor.session, Side::answer, editor.dialogs);
@@ -128,14 +129,14 @@ TEST(NodePanel, AnswerColourIsTheDialogsOwnWhileTheTextHasItsBlue) {
     EXPECT_EQ(editor.session.panel.colourCaptions[1], "Text Color: #0000C9");
 }
 
-TEST(NodePanel, FailedColourTranslationIsWrittenAsWhite) {
+TEST(FormattingCommands, FailedColourTranslationIsWrittenAsWhite) {
     EditorSession editor("<a/>");
     editor.dialogs.expectColour(0x80000005);
     changeColour(editor.session, Side::title, editor.dialogs, noTranslation);
     EXPECT_EQ(editor.current(), R"(<a titlecolor="#FFFFFF"/>)");
 }
 
-TEST(NodePanel, StyleBitsAreAddedAndSubtracted) {
+TEST(FormattingCommands, StyleBitsAreAddedAndSubtracted) {
     EditorSession editor(R"(<a style="1"/>)");
     clickStyle(editor.session, answerItalic, true);
     EXPECT_EQ(editor.current(), R"(<a style="17"/>)");
@@ -143,7 +144,7 @@ TEST(NodePanel, StyleBitsAreAddedAndSubtracted) {
     EXPECT_EQ(editor.current(), R"(<a style="1"/>)");
 }
 
-TEST(NodePanel, EveryStyleBoxHasItsBit) {
+TEST(FormattingCommands, EveryStyleBoxHasItsBit) {
     for (int bit = 0; bit < 6; ++bit) {
         EditorSession editor("<a/>");
         clickStyle(editor.session, bit, true);
@@ -152,33 +153,33 @@ TEST(NodePanel, EveryStyleBoxHasItsBit) {
     }
 }
 
-TEST(NodePanel, StyleThatDisagreesWithTheBoxesCarries) {
+TEST(FormattingCommands, StyleThatDisagreesWithTheBoxesCarries) {
     EditorSession editor("<a/>");
-    SetAttributeValue(*editor.session.articledoc, *editor.session.currentnode, "style", "1");
+    SetAttributeValue(*editor.session.file.articledoc, *editor.session.currentnode, "style", "1");
     clickStyle(editor.session, titleBold, true);
     EXPECT_EQ(editor.current(), R"(<a style="2"/>)");
 }
 
-TEST(NodePanel, StyleGoesBelowZero) {
+TEST(FormattingCommands, StyleGoesBelowZero) {
     EditorSession editor("<a/>");
     clickStyle(editor.session, titleBold, false);
     EXPECT_EQ(editor.current(), R"(<a style="-1"/>)");
 }
 
-TEST(NodePanel, StyleBeyond16BitsIsError6AndWritesNothing) {
+TEST(FormattingCommands, StyleBeyond16BitsIsError6AndWritesNothing) {
     EditorSession editor(R"(<a style="32760"/>)");
     EXPECT_EQ(errorOf([&] { clickStyle(editor.session, answerItalic, true); }), 6);
     EXPECT_EQ(editor.current(), R"(<a style="32760"/>)");
 }
 
-TEST(NodePanel, StyleClickIsIgnoredWhileLoading) {
+TEST(FormattingCommands, StyleClickIsIgnoredWhileLoading) {
     EditorSession editor("<a/>");
     editor.session.panel.loading = true;
     clickStyle(editor.session, titleBold, true);
     EXPECT_EQ(editor.current(), "<a/>");
 }
 
-TEST(NodePanel, StyleBoxStaysClearWithoutANode) {
+TEST(FormattingCommands, StyleBoxStaysClearWithoutANode) {
     NoNode editor;
     clickStyle(editor.session, titleBold, true);
     EXPECT_FALSE(editor.session.panel.style[0]);
@@ -186,7 +187,7 @@ TEST(NodePanel, StyleBoxStaysClearWithoutANode) {
     EXPECT_EQ(editor.tree(), "<cabinet><a/></cabinet>");
 }
 
-TEST(NodePanel, HiddenBoxesWriteOneAndZero) {
+TEST(FormattingCommands, HiddenBoxesWriteOneAndZero) {
     EditorSession editor("<a/>");
     clickHidden(editor.session, Side::title, true);
     clickHidden(editor.session, Side::answer, true);
@@ -196,7 +197,7 @@ TEST(NodePanel, HiddenBoxesWriteOneAndZero) {
     EXPECT_EQ(editor.current(), R"(<a titlehidden="0" answerhidden="0"/>)");
 }
 
-TEST(NodePanel, BreakBoxesWriteOneAndZero) {
+TEST(FormattingCommands, BreakBoxesWriteOneAndZero) {
     EditorSession editor("<a/>");
     clickColumnBreak(editor.session, true);
     clickPageBreak(editor.session, true);
@@ -206,7 +207,7 @@ TEST(NodePanel, BreakBoxesWriteOneAndZero) {
     EXPECT_EQ(editor.current(), R"(<a columnbreak="0" pagebreak="0"/>)");
 }
 
-TEST(NodePanel, HiddenAndBreakBoxesWriteEvenWhileLoading) {
+TEST(FormattingCommands, HiddenAndBreakBoxesWriteEvenWhileLoading) {
     EditorSession editor("<a/>");
     editor.session.panel.loading = true;
     clickHidden(editor.session, Side::title, true);
@@ -214,7 +215,7 @@ TEST(NodePanel, HiddenAndBreakBoxesWriteEvenWhileLoading) {
     EXPECT_EQ(editor.current(), R"(<a titlehidden="1" columnbreak="1"/>)");
 }
 
-TEST(NodePanel, WithoutANodeNoCommandWritesOrAsks) {
+TEST(FormattingCommands, WithoutANodeNoCommandWritesOrAsks) {
     NoNode editor;
     changeFontSize(editor.session, titleLarger);
     moveGap(editor.session, aboveLarger);
@@ -226,7 +227,7 @@ TEST(NodePanel, WithoutANodeNoCommandWritesOrAsks) {
     EXPECT_EQ(editor.session.panel.fontSizeCaptions[0], "Font Size: +0");
 }
 
-TEST(NodePanel, CommandsActOnALockedNodeToo) {
+TEST(FormattingCommands, CommandsActOnALockedNodeToo) {
     EditorSession editor("<cabinetdata><b/></cabinetdata>");
     editor.select("cabinet=>cabinetdata=>b");
     changeFontSize(editor.session, titleLarger);

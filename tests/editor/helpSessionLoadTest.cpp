@@ -14,12 +14,12 @@ using Entries = std::vector<std::string>;
 
 void expectUnloaded(const HelpSession& session) {
     EXPECT_FALSE(session.loaded());
-    EXPECT_EQ(session.articledoc, nullptr);
-    EXPECT_EQ(session.baseXMLNode, nullptr);
+    EXPECT_EQ(session.file.articledoc, nullptr);
+    EXPECT_EQ(session.file.baseXMLNode, nullptr);
     EXPECT_EQ(session.currentnode, nullptr);
     EXPECT_EQ(session.selectedRow, nullptr);
     EXPECT_FALSE(session.clipboardnode);
-    EXPECT_TRUE(session.formulaCatalogue.firstformula());
+    EXPECT_TRUE(session.file.formulaCatalogue.firstformula());
     EXPECT_EQ(session.lstFormulas.entries, Entries{});
     EXPECT_EQ(session.lstImages.entries, Entries{});
     EXPECT_EQ(session.lstImages.text(), "");
@@ -34,12 +34,6 @@ int errorOfLoading(std::string_view xml) {
     const int number = errorOf([&] { editor.load(xml); });
     expectUnloaded(editor.session);
     return number;
-}
-
-TEST(HelpSession, PictureFolderIsThatOfTheComponent) {
-    test::MemoryFiles files;
-    EXPECT_EQ(HelpSession(files, "/app").imageTemp(), "/app/temp_images/");
-    EXPECT_FALSE(files.folderExists("/app/temp_images/"));
 }
 
 TEST(HelpSession, RejectedDocumentGivesItsMessageAndLeavesNothingLoaded) {
@@ -115,8 +109,8 @@ TEST(HelpSession, LocationInsideALocationIsRemovedWithIt) {
         "</cabinetinfo>");
     EXPECT_EQ(editor.session.xmlText, "<cabinetinfo><cabinet><a/></cabinet></cabinetinfo>");
     // Nothing was freed twice: what is added now is all there.
-    dom::Document& document = *editor.session.articledoc;
-    document.append(*editor.session.baseXMLNode, document.createElement("n"));
+    dom::Document& document = *editor.session.file.articledoc;
+    document.append(*editor.session.file.baseXMLNode, document.createElement("n"));
     EXPECT_EQ(editor.document(), "<cabinetinfo><cabinet><a/><n/></cabinet>" +
                                      std::string(generatedPicture) + "</cabinetinfo>");
 }
@@ -133,7 +127,7 @@ TEST(HelpSession, DocumentElementInAnotherLetterCaseHasLongerKeys) {
 
 TEST(HelpSession, OfEqualNamesTheLastIsSelectedAndTheFirstCurrent) {
     EditorSession editor(R"(<a n="1"/><a n="2"/>)");
-    EXPECT_EQ(editor.session.selectedRow, editor.session.baseXMLNode->lastChild());
+    EXPECT_EQ(editor.session.selectedRow, editor.session.file.baseXMLNode->lastChild());
     EXPECT_EQ(editor.current(), R"(<a n="1"/>)");
 }
 
@@ -171,13 +165,6 @@ TEST(HelpSession, ReferenceTextsAreTheDocumentBeforeThePicture) {
     EXPECT_EQ(editor.session.xmlText, expected);
 }
 
-TEST(HelpSession, WithoutReferenceTextsNoneIsKept) {
-    EditorSession editor;
-    editor.load("<cabinetinfo><cabinet><a/></cabinet></cabinetinfo>", HelpSession::Keep::nothing);
-    EXPECT_EQ(editor.session.lastsave, "");
-    EXPECT_EQ(editor.session.xmlText, "");
-}
-
 TEST(HelpSession, GeneratedPictureIsAddedLast) {
     EditorSession editor;
     editor.load("<cabinetinfo><cabinet><a/></cabinet><x/></cabinetinfo>");
@@ -212,7 +199,7 @@ TEST(HelpSession, MissingPictureFileGivesAnEmptyPicture) {
     test::MemoryFiles files;
     HelpSession session(files, "/app");
     session.load(dom::Source::copy("<cabinetinfo><cabinet><a/></cabinet></cabinetinfo>"));
-    EXPECT_EQ(writeXml(*session.articledoc),
+    EXPECT_EQ(writeXml(*session.file.articledoc),
               R"(<cabinetinfo><cabinet><a/></cabinet><image extension="png")"
               R"( name="generated_cabinet_picture" width="256" height="256"/></cabinetinfo>)");
 }
@@ -241,13 +228,13 @@ TEST(HelpSession, FormulaListHasTheStandardFormulasAndTheFirstIsChosen) {
                 R"(<formula name="Tax" standard="1"/></cabinetinfo>)");
     EXPECT_EQ(editor.session.lstFormulas.entries, (Entries{"Rate", "Tax"}));
     EXPECT_EQ(editor.session.lstFormulas.text(), "Rate");
-    EXPECT_EQ(editor.session.formulaCatalogue.entries().size(), 4u);
+    EXPECT_EQ(editor.session.file.formulaCatalogue.entries().size(), 4u);
 }
 
 TEST(HelpSession, WithoutStandardFormulasNoneIsChosen) {
     EditorSession editor("<a/>");
     EXPECT_EQ(editor.session.lstFormulas.text(), "");
-    EXPECT_TRUE(editor.session.formulaCatalogue.firstformula());
+    EXPECT_TRUE(editor.session.file.formulaCatalogue.firstformula());
 }
 
 TEST(HelpSession, LoadingWritesTheShownStateOfABoxBack) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "editor/editorSession.h"
+#include "editor/formattingCommands.h"
 #include "editor/nodeOperations.h"
 #include "support/errors.h"
 #include "xml/xmlWriter.h"
@@ -24,7 +25,7 @@ void expectSaveToFail(EditorSession& editor, int number) {
     const std::string xmlText = editor.session.xmlText;
     const std::string lastsave = editor.session.lastsave;
     const dom::Node* const current = editor.session.currentnode;
-    const std::size_t formulas = editor.session.formulaCatalogue.entries().size();
+    const std::size_t formulas = editor.session.file.formulaCatalogue.entries().size();
 
     EXPECT_EQ(errorOf([&] { editor.session.saveDocument(); }), number);
     EXPECT_EQ(editor.document(), document);
@@ -34,7 +35,7 @@ void expectSaveToFail(EditorSession& editor, int number) {
     EXPECT_EQ(editor.session.xmlText, xmlText);
     EXPECT_EQ(editor.session.lastsave, lastsave);
     EXPECT_EQ(editor.session.currentnode, current);
-    EXPECT_EQ(editor.session.formulaCatalogue.entries().size(), formulas);
+    EXPECT_EQ(editor.session.file.formulaCatalogue.entries().size(), formulas);
 }
 
 TEST(HelpSession, SavedDocumentHasTheFormulasAndNoGeneratedPicture) {
@@ -52,16 +53,6 @@ TEST(HelpSession, SavedDocumentCountsAsUnchanged) {
     EXPECT_FALSE(editor.session.changed());
     changeFontSize(editor.session, 2);
     EXPECT_TRUE(editor.session.changed());
-}
-
-TEST(HelpSession, SaveWithoutReferenceTextsLeavesTheTextToTheCaller) {
-    EditorSession editor;
-    editor.load(infoOf("<cabinet><a/></cabinet>"), HelpSession::Keep::nothing);
-    editor.session.saveDocument();
-    EXPECT_EQ(writeXml(*editor.session.articledoc),
-              infoOf("<cabinet><a/></cabinet>" + std::string(fixedFormulas)));
-    EXPECT_EQ(editor.session.xmlText, "");
-    EXPECT_EQ(editor.session.lastsave, "");
 }
 
 TEST(HelpSession, SaveWritesTheCatalogueAndTheUnknownTokens) {
@@ -100,9 +91,9 @@ TEST(HelpSession, GeneratedPictureInsideAFormulaGoesWithIt) {
               infoOf(R"(<cabinet><a/></cabinet><formula name="f" description="" standard="0"/>)" +
                      std::string(fixedFormulas)));
     // Nothing was freed twice: what is added now is all there.
-    dom::Document& document = *editor.session.articledoc;
+    dom::Document& document = *editor.session.file.articledoc;
     for (int i = 0; i < 8; ++i)
-        document.append(*editor.session.baseXMLNode, document.createElement("n"));
+        document.append(*editor.session.file.baseXMLNode, document.createElement("n"));
     EXPECT_EQ(editor.tree(), "<cabinet><a/><n/><n/><n/><n/><n/><n/><n/><n/></cabinet>");
 }
 

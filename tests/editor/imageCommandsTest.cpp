@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "editor/editorSession.h"
+#include "editor/formattingCommands.h"
 #include "support/errors.h"
 
 namespace tavisk {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "editor/editorSession.h"
+#include "editor/formattingCommands.h"
 #include "editor/nodeOperations.h"
 #include "support/errors.h"
 #include "support/xml.h"
@@ -39,7 +40,7 @@ TEST(NodeOperations, DeletedNodeBelowTheBaseNodeLeavesTheBaseNodeSelected) {
     EditorSession editor("<a/><b/>");
     deleteNode(editor.session, editor.dialogs);
     EXPECT_EQ(editor.tree(), "<cabinet><b/></cabinet>");
-    EXPECT_EQ(editor.session.currentnode, editor.session.baseXMLNode);
+    EXPECT_EQ(editor.session.currentnode, editor.session.file.baseXMLNode);
     EXPECT_FALSE(editor.session.panel.textUsable);
 }
 
@@ -124,15 +125,15 @@ TEST(NodeOperations, DeletingTheCurrentOneOfTwoEqualNamesKeepsTheOther) {
     EditorSession editor(R"(<a n="1"/><a n="2"/>)");
     deleteNode(editor.session, editor.dialogs);
     EXPECT_EQ(editor.tree(), R"(<cabinet><a n="2"/></cabinet>)");
-    EXPECT_EQ(editor.session.currentnode, editor.session.baseXMLNode);
+    EXPECT_EQ(editor.session.currentnode, editor.session.file.baseXMLNode);
 }
 
 TEST(NodeOperations, AfterADeletionTheRowAboveTheSelectedOneIsSelected) {
     EditorSession editor(R"(<p n="1"><a/></p><p n="2"><a/></p>)");
-    selectNode(editor.session, *editor.session.baseXMLNode->lastChild()->firstChild());
+    selectNode(editor.session, *editor.session.file.baseXMLNode->lastChild()->firstChild());
     deleteNode(editor.session, editor.dialogs);
     EXPECT_EQ(editor.tree(), R"(<cabinet><p n="1"/><p n="2"><a/></p></cabinet>)");
-    EXPECT_EQ(editor.session.selectedRow, editor.session.baseXMLNode->lastChild());
+    EXPECT_EQ(editor.session.selectedRow, editor.session.file.baseXMLNode->lastChild());
     EXPECT_EQ(editor.current(), R"(<p n="1"/>)");
 }
 
@@ -267,7 +268,7 @@ TEST(NodeOperations, PastedNodeDeclaresNoPrefixThatIsDeclaredAlike) {
 
 TEST(NodeOperations, CopiedTextRowCannotBePasted) {
     EditorSession editor("<a/>words");
-    selectNode(editor.session, *editor.session.baseXMLNode->lastChild());
+    selectNode(editor.session, *editor.session.file.baseXMLNode->lastChild());
     copyNode(editor.session);
     editor.select("cabinet=>a");
     EXPECT_EQ(errorOf([&] { pasteNode(editor.session, editor.dialogs); }), 5);
@@ -276,7 +277,7 @@ TEST(NodeOperations, CopiedTextRowCannotBePasted) {
 
 TEST(NodeOperations, CopiedTextRowCannotBePastedUnderAnotherNameEither) {
     EditorSession editor("<a/>words");
-    selectNode(editor.session, *editor.session.baseXMLNode->lastChild());
+    selectNode(editor.session, *editor.session.file.baseXMLNode->lastChild());
     copyNode(editor.session);
     editor.select("cabinet");
     editor.dialogs.expectPrompt(pastePrompt, pasteTitle, "", "b");

@@ -27,7 +27,7 @@ TEST(NodeOperations, MoveUpSwapsWithTheNodeAbove) {
     EXPECT_EQ(editor.tree(), "<cabinet><a/><c/><b/><d/><e/></cabinet>");
     EXPECT_EQ(change.kind, TreeChange::Kind::moved);
     EXPECT_EQ(change.node, &editor.row("cabinet=>c"));
-    EXPECT_EQ(change.parent, editor.session.baseXMLNode);
+    EXPECT_EQ(change.parent, editor.session.file.baseXMLNode);
     EXPECT_EQ(editor.session.currentnode, change.node);
     EXPECT_EQ(editor.session.selectedRow, change.node);
 }
@@ -119,7 +119,7 @@ TEST(NodeOperations, BaseNodeMovesAmongItsSiblings) {
     editor.load(R"(<cabinetinfo><formula name="f"/><cabinet><a/></cabinet></cabinetinfo>)");
     editor.select("cabinet");
     moveNode(editor.session, 1, editor.dialogs);
-    EXPECT_EQ(editor.session.baseXMLNode, editor.session.currentnode);
+    EXPECT_EQ(editor.session.file.baseXMLNode, editor.session.currentnode);
     EXPECT_EQ(editor.session.selectedRow, editor.session.currentnode);
     EXPECT_EQ(editor.document().find("<cabinetinfo><cabinet><a/></cabinet><formula"), 0u);
 }
@@ -138,7 +138,7 @@ TEST(NodeOperations, AfterAMoveTheLastOfEqualNamesIsSelectedAndTheMovedOneCurren
     moveNode(editor.session, 1, editor.dialogs);
     EXPECT_EQ(editor.tree(), R"(<cabinet><a n="1"/><x/><a n="2"/></cabinet>)");
     EXPECT_EQ(editor.current(), R"(<a n="1"/>)");
-    EXPECT_EQ(editor.session.selectedRow, editor.session.baseXMLNode->lastChild());
+    EXPECT_EQ(editor.session.selectedRow, editor.session.file.baseXMLNode->lastChild());
 }
 
 /// The move as it is defined: one swap of deep copies per step.
@@ -166,7 +166,7 @@ TEST(NodeOperations, EveryMoveGivesTheOrderOfItsSwaps) {
         for (int steps = -7; steps <= 7; ++steps) {
             EditorSession editor;
             editor.load(xml);
-            dom::Node* node = editor.session.baseXMLNode->firstChild();
+            dom::Node* node = editor.session.file.baseXMLNode->firstChild();
             const auto reference = test::parsed(xml);
             dom::Node& cabinet = test::element(*reference, "cabinet");
             dom::Node* referenceNode = cabinet.firstChild();

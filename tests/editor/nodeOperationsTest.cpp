@@ -42,7 +42,7 @@ TEST(NodeOperations, SiblingGoesToTheEndOfTheBranchAndIsSelected) {
     EXPECT_EQ(editor.tree(), "<cabinet><a/><b/><c/></cabinet>");
     EXPECT_EQ(change.kind, TreeChange::Kind::added);
     EXPECT_EQ(change.node, &editor.row("cabinet=>c"));
-    EXPECT_EQ(change.parent, editor.session.baseXMLNode);
+    EXPECT_EQ(change.parent, editor.session.file.baseXMLNode);
     EXPECT_EQ(editor.session.currentnode, change.node);
     EXPECT_EQ(editor.session.selectedRow, change.node);
     EXPECT_EQ(editor.session.panel.currentField, "cabinet=>c");
@@ -113,7 +113,7 @@ TEST(NodeOperations, NameWithASpaceNeverClashesAndTheFirstBecomesCurrent) {
     const TreeChange change = addSibling(editor.session, editor.dialogs);
     EXPECT_EQ(editor.tree(), R"(<cabinet><My_node n="1"/><My_node/></cabinet>)");
     EXPECT_EQ(editor.session.selectedRow, change.node);
-    EXPECT_EQ(editor.session.currentnode, editor.session.baseXMLNode->firstChild());
+    EXPECT_EQ(editor.session.currentnode, editor.session.file.baseXMLNode->firstChild());
 }
 
 TEST(NodeOperations, NewNameThatIsNoXmlNameIsError5AndNothingChanges) {
@@ -136,7 +136,7 @@ TEST(NodeOperations, NoNodeBesideTheBaseNode) {
 
 TEST(NodeOperations, ChildOfATextRowIsError5AndNothingChanges) {
     EditorSession editor("<a/>words");
-    selectNode(editor.session, *editor.session.baseXMLNode->lastChild());
+    selectNode(editor.session, *editor.session.file.baseXMLNode->lastChild());
     editor.dialogs.expectPrompt(addPrompt, renameTitle, "", "b");
     EXPECT_EQ(errorOf([&] { addChild(editor.session, editor.dialogs); }), 5);
     EXPECT_EQ(editor.tree(), "<cabinet><a/>words</cabinet>");
@@ -151,7 +151,7 @@ TEST(NodeOperations, RenamedNodeKeepsPlaceAttributesAndSubtree) {
                              "</cabinet>");
     EXPECT_EQ(change.kind, TreeChange::Kind::renamed);
     EXPECT_EQ(change.node, &editor.row("cabinet=>My node"));
-    EXPECT_EQ(change.parent, editor.session.baseXMLNode);
+    EXPECT_EQ(change.parent, editor.session.file.baseXMLNode);
     EXPECT_EQ(editor.session.currentnode, change.node);
     EXPECT_EQ(editor.selectedKey(), "cabinet=>My node");
 }
@@ -198,7 +198,7 @@ TEST(NodeOperations, RenamingToNoXmlNameIsError5AndNothingChanges) {
 
 TEST(NodeOperations, RenamingATextRowIsError91AndTheTextStays) {
     EditorSession editor("<a/>words");
-    selectNode(editor.session, *editor.session.baseXMLNode->lastChild());
+    selectNode(editor.session, *editor.session.file.baseXMLNode->lastChild());
     editor.dialogs.expectPrompt(renamePrompt, renameTitle, "", "b");
     EXPECT_EQ(errorOf([&] { renameNode(editor.session, editor.dialogs); }), 91);
     EXPECT_EQ(editor.tree(), "<cabinet><a/>words</cabinet>");
@@ -209,7 +209,7 @@ TEST(NodeOperations, BaseNodeFollowsItsRenaming) {
     editor.select("cabinet");
     editor.dialogs.expectPrompt(renamePrompt, renameTitle, "cabinet", "shelf");
     const TreeChange change = renameNode(editor.session, editor.dialogs);
-    EXPECT_EQ(editor.session.baseXMLNode, change.node);
+    EXPECT_EQ(editor.session.file.baseXMLNode, change.node);
     EXPECT_EQ(editor.session.currentnode, change.node);
     EXPECT_EQ(editor.tree(), "<shelf><a/></shelf>");
     editor.select("shelf=>a");

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "editor/editorSession.h"
-#include "editor/nodePanel.h"
+#include "editor/formattingCommands.h"
 #include "support/errors.h"
 
 namespace tavisk {
@@ -56,7 +56,7 @@ TEST(NodePanel, SelectionSetsRowAndCurrentNode) {
 
 TEST(NodePanel, ClickOnTheSecondOfTwoEqualNamesLeadsToTheFirst) {
     EditorSession editor(R"(<a n="1"/><a n="2"/>)");
-    dom::Node& first = *editor.session.baseXMLNode->firstChild();
+    dom::Node& first = *editor.session.file.baseXMLNode->firstChild();
     selectNode(editor.session, *first.next());
     EXPECT_EQ(editor.session.selectedRow, first.next());
     EXPECT_EQ(editor.session.currentnode, &first);
@@ -64,7 +64,7 @@ TEST(NodePanel, ClickOnTheSecondOfTwoEqualNamesLeadsToTheFirst) {
 
 TEST(NodePanel, RowWhoseNamesLeadNowhereIsError91) {
     EditorSession editor("<a><x/></a><a><y/></a>");
-    dom::Node& lost = *editor.session.baseXMLNode->lastChild()->firstChild();
+    dom::Node& lost = *editor.session.file.baseXMLNode->lastChild()->firstChild();
     EXPECT_EQ(errorOf([&] { selectNode(editor.session, lost); }), 91);
     EXPECT_EQ(editor.session.currentnode, nullptr);
     EXPECT_EQ(editor.session.panel.currentField, "cabinet=>a=>y");
@@ -106,21 +106,22 @@ TEST(NodePanel, LockingNameIsCaseSensitive) {
 
 TEST(NodePanel, ElementWithoutParentIsTopLevel) {
     EditorSession editor(R"(<a value="text"/>)");
-    dom::Node* const base = editor.session.baseXMLNode;
-    const dom::OwnedNode alone = editor.session.articledoc->clone(*base, true);
-    editor.session.baseXMLNode = alone.get();
+    dom::Node* const base = editor.session.file.baseXMLNode;
+    const dom::OwnedNode alone = editor.session.file.articledoc->clone(*base, true);
+    editor.session.file.baseXMLNode = alone.get();
     selectNode(editor.session, *alone);
     EXPECT_FALSE(editor.session.panel.framesEnabled);
     EXPECT_FALSE(editor.session.panel.nodeCommandsEnabled);
     EXPECT_EQ(editor.session.panel.text, u"text");
-    editor.session.baseXMLNode = base;
+    editor.session.file.baseXMLNode = base;
     editor.session.currentnode = editor.session.selectedRow = base;
 }
 
 TEST(NodePanel, TopRowFillsThePanelButItsTextIsUnusable) {
     EditorSession editor("<a/>");
     EXPECT_TRUE(editor.session.panel.textUsable);
-    SetAttributeValue(*editor.session.articledoc, *editor.session.baseXMLNode, "value", "top");
+    SetAttributeValue(*editor.session.file.articledoc, *editor.session.file.baseXMLNode, "value",
+                      "top");
     editor.select("cabinet");
     EXPECT_TRUE(editor.session.panel.framesEnabled);
     EXPECT_FALSE(editor.session.panel.textUsable);
@@ -273,16 +274,17 @@ TEST(NodePanel, TextThatTheBoxShowsAlreadyRunsNoHandler) {
 
 TEST(NodePanel, TextRowShowsTheDefaults) {
     EditorSession editor("<a/>words");
-    selectNode(editor.session, *editor.session.baseXMLNode->lastChild());
+    selectNode(editor.session, *editor.session.file.baseXMLNode->lastChild());
     EXPECT_EQ(editor.session.panel.currentField, "cabinet=>");
-    EXPECT_EQ(editor.session.currentnode, editor.session.baseXMLNode->lastChild());
+    EXPECT_EQ(editor.session.currentnode, editor.session.file.baseXMLNode->lastChild());
     EXPECT_EQ(editor.session.panel.gapCaptions[0], "Gap above: 0");
 }
 
 TEST(NodePanel, TextRowAfterATextCannotTakeItsValue) {
     EditorSession editor(R"(<a value="text"/>words)");
     EXPECT_EQ(
-        errorOf([&] { selectNode(editor.session, *editor.session.baseXMLNode->lastChild()); }), 91);
+        errorOf([&] { selectNode(editor.session, *editor.session.file.baseXMLNode->lastChild()); }),
+        91);
 }
 
 }  // namespace

@@ -7,36 +7,35 @@
 #include "base/text.h"
 #include "check/rules.h"
 #include "command/sarifReport.h"
-#include "editor/helpSession.h"
 #include "fuzz/fuzz.h"
+#include "page/helpFile.h"
 #include "page/standalonePage.h"
 #include "support/memoryFiles.h"
 
 namespace tavisk::fuzz {
 namespace {
 
-std::string pageOf(HelpSession& session) {
+std::string pageOf(HelpFile& file) {
     StandaloneParts parts;
     parts.readPicture = [](const std::string&) { return std::nullopt; };
     parts.missing = [](const std::string&) {};
     std::string page;
-    writeStandalonePage([&](std::string_view piece) { page += piece; }, *session.articledoc,
-                        session.formulaCatalogue, *session.baseXMLNode, true, parts);
+    writeStandalonePage([&](std::string_view piece) { page += piece; }, *file.articledoc,
+                        file.formulaCatalogue, *file.baseXMLNode, true, parts);
     return page;
 }
 
 void requireUsable(std::string_view text) {
     test::MemoryFiles files;
     files.put("/doc/cabinet.png", "picture");
-    HelpSession session(files, "/doc");
+    HelpFile file(files, "/doc");
     try {
-        const auto refusal = session.load(dom::Source::copy(text));
+        const auto refusal = file.load(dom::Source::copy(text));
         require(!refusal,
                 "without an error it is not refused, but: " + refusal.value_or(Refusal{}).reason);
-        require(findInvalidUtf8(pageOf(session)) == std::string::npos,
-                "a page of its own is UTF-8");
-        session.generatepreview(true);
-        session.saveDocument();
+        require(findInvalidUtf8(pageOf(file)) == std::string::npos, "a page of its own is UTF-8");
+        file.generatepreview(true);
+        file.save();
     } catch (const RunTimeError& error) {
         require(false, "without an error it can be used, but: " + std::to_string(error.number()) +
                            ", " + error.what());

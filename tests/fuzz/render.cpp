@@ -52,18 +52,18 @@ void requireError(int error, int expected, const std::string& what) {
 }
 
 void requirePreview(HelpSession& session, const test::MemoryFiles& files, bool evaluateFormula) {
-    const reference::PlainNode plain = reference::plainOf(session.articledoc->root());
+    const reference::PlainNode plain = reference::plainOf(session.file.articledoc->root());
     reference::PlainFiles expected;
     int expectedError = 0;
     try {
         expectedError = errorOf([&] {
-            expected = reference::preview(plain, plainOf(session.formulaCatalogue),
+            expected = reference::preview(plain, plainOf(session.file.formulaCatalogue),
                                           reference::utf16Of(folder), evaluateFormula);
         });
     } catch (const reference::TooLong&) {
         return;  // tokens within tokens, or a page that takes minutes under the sanitizers
     }
-    requireError(errorOf([&] { session.generatepreview(evaluateFormula); }), expectedError,
+    requireError(errorOf([&] { session.file.generatepreview(evaluateFormula); }), expectedError,
                  "preview");
     for (const auto& [path, bytes] : files.files()) {
         require(isAllowed(path), "files lie in the folder, but: " + path);
@@ -87,15 +87,15 @@ void removeGeneratedPictures(reference::PlainNode& node) {
 }
 
 void requireSave(HelpSession& session) {
-    const reference::PlainNode before = reference::plainOf(session.articledoc->root());
+    const reference::PlainNode before = reference::plainOf(session.file.articledoc->root());
     reference::PlainNode plain = before;
-    std::vector<reference::PlainFormula> formulas = plainOf(session.formulaCatalogue);
+    std::vector<reference::PlainFormula> formulas = plainOf(session.file.formulaCatalogue);
     const int expectedError = errorOf([&] {
         removeGeneratedPictures(plain);
         reference::prepareFormulaNodesForExport(plain, formulas);
     });
     requireError(errorOf([&] { session.saveDocument(); }), expectedError, "save");
-    const reference::PlainNode after = reference::plainOf(session.articledoc->root());
+    const reference::PlainNode after = reference::plainOf(session.file.articledoc->root());
     if (expectedError != 0) {
         require(after == before, "a save that fails leaves the document alone");
         return;

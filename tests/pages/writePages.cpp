@@ -13,7 +13,7 @@
 #include "base/assets.h"
 #include "base/error.h"
 #include "base/files.h"
-#include "editor/helpSession.h"
+#include "page/helpFile.h"
 #include "reference/plainXml.h"
 #include "reference/randomDocument.h"
 #include "support/memoryFiles.h"
@@ -30,14 +30,14 @@ void describe(const Files::Write& out, const std::string& what, const std::strin
     MemoryFiles files;
     files.addFolder("/");
     provideAssets(files, folder);
-    HelpSession session(files, folder);
+    HelpFile file(files, folder);
     out("== " + what + "\n");
     try {
-        if (const auto message = session.load(dom::Source::copy(xml))) {
+        if (const auto message = file.load(dom::Source::copy(xml))) {
             out("rejected: " + message->text + "\n");
             return;
         }
-        action(session);
+        action(file);
     } catch (const RunTimeError& error) {
         out("error " + std::to_string(error.number()) + "\n");
     }
@@ -50,15 +50,15 @@ void describe(const Files::Write& out, const std::string& what, const std::strin
 }
 
 void describeAll(const Files::Write& out, const std::string& name, const std::string& xml) {
-    describe(out, name + " saved", xml, [&](HelpSession& session) {
-        session.saveDocument();
-        writeXml(*session.articledoc, out);
+    describe(out, name + " saved", xml, [&](HelpFile& file) {
+        file.save();
+        writeXml(*file.articledoc, out);
         out("\n");
     });
     describe(out, name + " shown with values", xml,
-             [](HelpSession& session) { session.generatepreview(true); });
+             [](HelpFile& file) { file.generatepreview(true); });
     describe(out, name + " shown as typed", xml,
-             [](HelpSession& session) { session.generatepreview(false); });
+             [](HelpFile& file) { file.generatepreview(false); });
 }
 
 int run(const std::vector<std::string>& words) {

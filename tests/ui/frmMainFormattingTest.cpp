@@ -339,7 +339,7 @@ TEST_F(FrmMainFormatting, WithoutANodeTheOtherCommandsDoNothing) {
 
 TEST_F(FrmMainFormatting, TextRowTakesNoFormattingAndTheWindowStaysIntact) {
     EditorWindow editor("<a/>words");
-    editor.controls().TreeXML->choose(*editor.session().baseXMLNode->lastChild());
+    editor.controls().TreeXML->choose(*editor.session().file.baseXMLNode->lastChild());
     test::pumpPending();
     const std::string before = editor.core.document();
     editor.expectReport(91, "Object variable or With block variable not set");

@@ -88,13 +88,13 @@ TEST(FrmMainFormulas, NamesAndDescriptionsAreShownLetterByLetter) {
 
 TEST(FrmMainFormulas, TheFirstFormulaIsAdded) {
     EditorWindow editor("<a/>");
-    EXPECT_TRUE(editor.session().formulaCatalogue.firstformula());
+    EXPECT_TRUE(editor.session().file.formulaCatalogue.firstformula());
     add(editor, "Rate", "The rate");
     editor.dialogs.expectBox(added, title, plain);
     clickAdd(editor);
     EXPECT_EQ(formulas(editor), Entries{"Rate"});
-    ASSERT_EQ(editor.session().formulaCatalogue.entries().size(), 1U);
-    const FormulaEntry& entry = editor.session().formulaCatalogue.entries()[0];
+    ASSERT_EQ(editor.session().file.formulaCatalogue.entries().size(), 1U);
+    const FormulaEntry& entry = editor.session().file.formulaCatalogue.entries()[0];
     EXPECT_TRUE(entry.standard);
     EXPECT_EQ(entry.value, "unknown formula");
     EXPECT_EQ(entry.description, "The rate");
@@ -134,7 +134,7 @@ TEST(FrmMainFormulas, AnEmptyDescriptionAddsNothing) {
     add(editor, "New", "");
     clickAdd(editor);
     EXPECT_EQ(formulas(editor), (Entries{"Rate", "Tax"}));
-    EXPECT_FALSE(editor.session().formulaCatalogue.contains("New"));
+    EXPECT_FALSE(editor.session().file.formulaCatalogue.contains("New"));
 }
 
 TEST(FrmMainFormulas, ANameOfTheListIsRefused) {
@@ -151,7 +151,7 @@ TEST(FrmMainFormulas, ANameThatTheDocumentOnlyReferencesIsRefused) {
     editor.dialogs.expectBox(inUse, title, information);
     clickAdd(editor);
     EXPECT_EQ(formulas(editor), (Entries{"Rate", "Tax"}));
-    EXPECT_EQ(editor.session().formulaCatalogue.entries().size(), 3U);
+    EXPECT_EQ(editor.session().file.formulaCatalogue.entries().size(), 3U);
 }
 
 TEST(FrmMainFormulas, AnotherLetterCaseIsAnotherName) {
@@ -184,7 +184,7 @@ TEST(FrmMainFormulas, RemoveFormulaDoesNothing) {
     editor.click(editor.controls().cmdFormulaDel);
     EXPECT_EQ(formulas(editor), (Entries{"Rate", "Tax"}));
     EXPECT_EQ(editor.core.document(), before);
-    EXPECT_EQ(editor.session().formulaCatalogue.entries().size(), 3U);
+    EXPECT_EQ(editor.session().file.formulaCatalogue.entries().size(), 3U);
     expectInStep(editor);
 }
 

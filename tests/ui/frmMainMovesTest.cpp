@@ -207,7 +207,7 @@ TEST(FrmMainMoves, ACopyNamedWithASpaceIsPastedBesideItWithoutAQuestion) {
 
 TEST(FrmMainMoves, TheSecondOfTwoEqualNamesLeadsToTheFirst) {
     EditorWindow editor("<my_node value='first'/><my_node value='second'/>");
-    editor.controls().TreeXML->choose(*editor.session().baseXMLNode->lastChild());
+    editor.controls().TreeXML->choose(*editor.session().file.baseXMLNode->lastChild());
     EXPECT_EQ(rows(editor), "cabinet\n my node\n my node <\n");
     EXPECT_EQ(editor.controls().txtValue->text(), u"first");
     expectInStep(editor);
@@ -220,7 +220,7 @@ TEST(FrmMainMoves, TheSecondOfTwoEqualNamesLeadsToTheFirst) {
 TEST(FrmMainMoves, DeletingAmongEqualNamesKeepsTreeAndDocumentInStep) {
     EditorWindow editor("<a/><my_node><x/></my_node><my_node><y/></my_node><my_node/>");
     for (int left = 3; left > 0; --left) {
-        editor.controls().TreeXML->choose(*editor.session().baseXMLNode->lastChild());
+        editor.controls().TreeXML->choose(*editor.session().file.baseXMLNode->lastChild());
         if (editor.session().currentnode->hasChildren())
             editor.dialogs.expectBox(childrenQuestion, "Warning...", question, wxID_OK);
         editor.tool("Delete");
@@ -232,7 +232,7 @@ TEST(FrmMainMoves, DeletingAmongEqualNamesKeepsTreeAndDocumentInStep) {
 TEST(FrmMainMoves, MovingAmongEqualNamesKeepsTreeAndDocumentInStep) {
     EditorWindow editor("<a/><my_node value='1'/><my_node value='2'/><b/>");
     editor.controls().TreeXML->choose(editor.core.row("cabinet=>b"));
-    editor.controls().TreeXML->choose(*editor.session().baseXMLNode->lastChild()->previous());
+    editor.controls().TreeXML->choose(*editor.session().file.baseXMLNode->lastChild()->previous());
     for (const char* way : {"Move Down", "Move To Bottom", "Move Up", "Move To Top"}) {
         editor.tool(way);
         expectInStep(editor);

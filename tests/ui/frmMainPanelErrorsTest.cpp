@@ -103,7 +103,7 @@ TEST_F(FrmMainPanelErrors, TextThatIsTooLongIsShownAndReportedAndLost) {
 
 TEST_F(FrmMainPanelErrors, RowWhoseNamesLeadNowhereIsReportedAndNothingCanBeWritten) {
     EditorWindow editor("<a><x/></a><a><y/></a>");
-    dom::Node& lost = *editor.session().baseXMLNode->lastChild()->firstChild();
+    dom::Node& lost = *editor.session().file.baseXMLNode->lastChild()->firstChild();
     editor.expectReport(91, "Object variable or With block variable not set");
     editor.controls().TreeXML->choose(lost);
     test::pumpPending();
@@ -118,7 +118,7 @@ TEST_F(FrmMainPanelErrors, RowWhoseNamesLeadNowhereIsReportedAndNothingCanBeWrit
 
 TEST_F(FrmMainPanelErrors, TextRowIsReportedWhenItCannotTakeTheEmptyText) {
     EditorWindow editor(R"(<a value="text"/>words)");
-    dom::Node& words = *editor.session().baseXMLNode->lastChild();
+    dom::Node& words = *editor.session().file.baseXMLNode->lastChild();
     editor.expectReport(91, "Object variable or With block variable not set");
     editor.controls().TreeXML->choose(words);
     test::pumpPending();

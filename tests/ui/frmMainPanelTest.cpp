@@ -169,24 +169,24 @@ TEST_F(FrmMainPanel, NodeBelowALockedOneIsOrdinary) {
 
 TEST_F(FrmMainPanel, ElementWithoutParentIsLockedToo) {
     EditorWindow editor(R"(<a value="text"/>)");
-    dom::Node* const base = editor.session().baseXMLNode;
-    const dom::OwnedNode alone = editor.session().articledoc->clone(*base, true);
-    editor.session().baseXMLNode = alone.get();
+    dom::Node* const base = editor.session().file.baseXMLNode;
+    const dom::OwnedNode alone = editor.session().file.articledoc->clone(*base, true);
+    editor.session().file.baseXMLNode = alone.get();
     selectNode(editor.session(), *alone);
     editor.choose(editor.controls().lstImages, 0);  // brings the window into step
     EXPECT_EQ(inFrames(editor.controls(), true), Names{});
     EXPECT_EQ(enabledMenuEntries(*editor.window), Names{"cmdNewChild"});
     EXPECT_EQ(enabledTools(editor.controls()), (Names{"New Child Node", "Paste"}));
     EXPECT_EQ(editor.controls().txtValue->GetValue(), "text");
-    editor.session().baseXMLNode = base;
+    editor.session().file.baseXMLNode = base;
     editor.session().currentnode = editor.session().selectedRow = base;
 }
 
 TEST_F(FrmMainPanel, TopRowFillsThePanelButTakesNoText) {
     EditorWindow editor("<a/>");
-    dom::Document& document = *editor.session().articledoc;
-    SetAttributeValue(document, *editor.session().baseXMLNode, "value", "top `x`");
-    SetAttributeValue(document, *editor.session().baseXMLNode, "style", "2");
+    dom::Document& document = *editor.session().file.articledoc;
+    SetAttributeValue(document, *editor.session().file.baseXMLNode, "value", "top `x`");
+    SetAttributeValue(document, *editor.session().file.baseXMLNode, "style", "2");
     editor.select("cabinet");
     EXPECT_EQ(inFrames(editor.controls(), false), Names{"txtValue"});
     EXPECT_FALSE(canType(editor.controls()));

@@ -207,8 +207,8 @@ private:
 
     std::vector<dom::Node*> rows() {
         std::vector<dom::Node*> all;
-        for (dom::Node* row = session().baseXMLNode; row;
-             row = dom::nextInDocument(*row, *session().baseXMLNode))
+        for (dom::Node* row = session().file.baseXMLNode; row;
+             row = dom::nextInDocument(*row, *session().file.baseXMLNode))
             all.push_back(row);
         return all;
     }
@@ -216,7 +216,7 @@ private:
 
     /// Two cabinets, or a first node with a style that is no number, could not be opened again.
     bool isCopied() {
-        return session().currentnode != session().baseXMLNode && !session().panel.loading;
+        return session().currentnode != session().file.baseXMLNode && !session().panel.loading;
     }
 
     void addNodeCommands();
@@ -273,7 +273,7 @@ void RandomSession::addNodeCommands() {
     menu("cmdMoveDown", 2);
     commands_.push_back({"cmdRename", 6, [this] {
                              // A cabinet of another name could not be opened again.
-                             if (session().currentnode != session().baseXMLNode)
+                             if (session().currentnode != session().file.baseXMLNode)
                                  editor().menuIfEnabled("cmdRename");
                          }});
     for (const char* tip : {"New Child Node", "Delete", "Cut", "Copy", "Move To Top",
@@ -398,7 +398,7 @@ void RandomSession::preview() {
 
 /// In every way to save, while no element is named `cabinet`.
 void RandomSession::refusedSave() {
-    tree().choose(*session().baseXMLNode);
+    tree().choose(*session().file.baseXMLNode);
     now_->answers.nextName = "other";
     editor().menu("cmdRename");
     check();
@@ -441,13 +441,13 @@ void RandomSession::addLifeCycleCommands() {
 void RandomSession::reopen() {
     // Opening ends in an error for a node that a click does not lead to.
     if (session().panel.loading || session().currentnode != session().selectedRow)
-        tree().choose(*session().baseXMLNode->firstChild());
+        tree().choose(*session().file.baseXMLNode->firstChild());
     now_->answers.saveAnswer = wxID_YES;
     save();
     ASSERT_FALSE(editor().window->IsShown());
-    const std::vector<std::string> keys = allKeys(*session().baseXMLNode);
+    const std::vector<std::string> keys = allKeys(*session().file.baseXMLNode);
     open(std::string(session().xmlText));
-    EXPECT_EQ(allKeys(*session().baseXMLNode), keys);
+    EXPECT_EQ(allKeys(*session().file.baseXMLNode), keys);
 }
 
 TEST(FrmMainRandom, WindowAndDocumentAgreeAfterEveryStepOfARandomSession) {

@@ -2,7 +2,7 @@
 #include <wx/base64.h>
 
 #include "base/assets.h"
-#include "editor/helpSession.h"
+#include "page/helpFile.h"
 #include "ui/support/previewWindow.h"
 
 namespace tavisk {
@@ -18,11 +18,11 @@ std::string writePage(const PageFolder& folder, const std::string& nodes, bool e
                       const std::string& images = {}) {
     DiskFiles files;
     provideAssets(files, folder.path());
-    HelpSession session(files, folder.path());
-    const auto refusal = session.load(dom::Source::copy("<cabinetinfo><cabinet>" + nodes +
-                                                        "</cabinet>" + images + "</cabinetinfo>"));
-    if (refusal) throw std::runtime_error("the test's own document: " + refusal->text);
-    return session.generatepreview(evaluate);
+    HelpFile file(files, folder.path());
+    const auto refusal = file.load(dom::Source::copy("<cabinetinfo><cabinet>" + nodes +
+                                                     "</cabinet>" + images + "</cabinetinfo>"));
+    if (refusal) throw std::runtime_error("the test's own document: " + refusal->reason);
+    return file.generatepreview(evaluate);
 }
 
 TEST(FrmPreview, ShowsThePageOfTheDocument) {

@@ -97,7 +97,7 @@ TEST_F(HelpTreeFollow, TheTopRowCanBeRenamed) {
     typing("Enter the new name for the node:", "cabinet", "cupboard");
     window.run("cabinet", renameNode);
     EXPECT_EQ(window.rows(), "cupboard -\n one -\n  two -\n   three\n four -\n  five\n six\n");
-    EXPECT_EQ(window.tree->selected(), window.core.session.baseXMLNode);
+    EXPECT_EQ(window.tree->selected(), window.core.session.file.baseXMLNode);
 }
 
 TEST_F(HelpTreeFollow, BelowARenamedTopRowTheTreeWorksOn) {

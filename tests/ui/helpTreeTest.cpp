@@ -90,11 +90,11 @@ TEST(HelpTree, ShowsNamesOfAnyScript) {
 
 TEST(HelpTree, OfTwoRowsOfOneNameTheClickedOneIsSelected) {
     TreeWindow window("<same id='1'/><same id='2'/>");
-    dom::Node& second = *window.core.session.baseXMLNode->lastChild();
+    dom::Node& second = *window.core.session.file.baseXMLNode->lastChild();
     window.tree->choose(second);
     EXPECT_EQ(window.tree->selected(), &second);
     EXPECT_EQ(window.core.session.selectedRow, &second);
-    EXPECT_EQ(window.core.session.currentnode, window.core.session.baseXMLNode->firstChild());
+    EXPECT_EQ(window.core.session.currentnode, window.core.session.file.baseXMLNode->firstChild());
 }
 
 TEST(HelpTree, SelectingFromCodeRunsNoHandler) {

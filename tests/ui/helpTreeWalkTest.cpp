@@ -71,7 +71,7 @@ public:
 private:
     HelpSession& session() { return window_.core.session; }
     HelpTree& tree() { return *window_.tree; }
-    dom::Node& base() { return *session().baseXMLNode; }
+    dom::Node& base() { return *session().file.baseXMLNode; }
 
     std::vector<dom::Node*> allRows() {
         std::vector<dom::Node*> rows{&base()};

@@ -75,7 +75,7 @@ void frmMain::cmdRefresh_Click() {
 
 void frmMain::cmdPreview_Click() {
     std::string page;
-    runLongWork(this, "Writing the page", [&] { page = session_.generatepreview(true); });
+    runLongWork(this, "Writing the page", [&] { page = session_.file.generatepreview(true); });
     showPreview(this, page);
 }
 

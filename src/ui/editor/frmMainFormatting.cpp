@@ -2,7 +2,7 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
 
-#include "editor/nodePanel.h"
+#include "editor/formattingCommands.h"
 #include "ui/editor/frmMain.h"
 
 namespace tavisk {

@@ -40,7 +40,7 @@ void frmMain::bindFormulas() {
 }
 
 void frmMain::cmdFormulaAdd_Click() {
-    session_.formulaCatalogue.addByPrompt(
+    session_.file.formulaCatalogue.addByPrompt(
         dialogs, [this](const std::string& name) { session_.lstFormulas.entries.push_back(name); });
 }
 
@@ -48,7 +48,7 @@ void frmMain::showFormulas() {
     show(session_.lstFormulas, *controls.lstFormulas, shownFormulas_);
     if (!session_.lstFormulas.index) return;
     setFieldText(*controls.lblFormulaHelp,
-                 session_.formulaCatalogue.descriptionOf(session_.lstFormulas.text()));
+                 session_.file.formulaCatalogue.descriptionOf(session_.lstFormulas.text()));
 }
 
 void frmMain::bindPictures() {

@@ -2,7 +2,6 @@
 #include <wx/dataview.h>
 
 #include "editor/nodeCommands.h"
-#include "editor/nodePanel.h"
 #include "ui/editor/frmMain.h"
 #include "ui/editor/helpTree.h"
 

@@ -27,8 +27,8 @@ void HelpTree::attach(HelpSession& session) {
         rowRemoved(parent, next ? indexAmongSiblings(*next) : parent.childCount());
         showSelection();
     };
-    showRows(session.baseXMLNode);
-    Expand(itemOf(*session.baseXMLNode));
+    showRows(session.file.baseXMLNode);
+    Expand(itemOf(*session.file.baseXMLNode));
     showSelection();
     if (isRow(session.selectedRow)) Expand(itemOf(*session.selectedRow));
 }
@@ -55,7 +55,7 @@ HelpTree::Place HelpTree::currentPlace() const {
     dom::Node* const node = session_->currentnode;
     if (!isRow(node)) return {};
     Place place{node, nullptr, 0, 1, node->childCount()};
-    if (node != session_->baseXMLNode) {
+    if (node != session_->file.baseXMLNode) {
         place.parent = node->parent();
         place.index = indexAmongSiblings(*node);
         place.siblings = place.parent->childCount();
@@ -70,7 +70,7 @@ void HelpTree::follow(const Place& before) {
 }
 
 bool HelpTree::followRow(const Place& before) {
-    dom::Node* node = session_->baseXMLNode;
+    dom::Node* node = session_->file.baseXMLNode;
     if (before.parent) {
         const std::size_t siblings = before.parent->childCount();
         if (siblings < before.siblings) {
@@ -130,7 +130,7 @@ void HelpTree::onKey(wxKeyEvent& event) {
     const bool expanded = IsExpanded(itemOf(*row));
     if (left && expanded) {
         Collapse(itemOf(*row));
-    } else if (left && row != session_->baseXMLNode) {
+    } else if (left && row != session_->file.baseXMLNode) {
         choose(*row->parent());
     } else if (right && expanded) {
         choose(*row->firstChild());
@@ -163,9 +163,9 @@ void HelpTree::onChar(wxKeyEvent& event) {
 dom::Node& HelpTree::below(dom::Node& row) const {
     if (row.hasChildren() && IsExpanded(itemOf(row))) return *row.firstChild();
     dom::Node* at = &row;
-    while (at != session_->baseXMLNode && !at->next())
+    while (at != session_->file.baseXMLNode && !at->next())
         at = at->parent();
-    return at == session_->baseXMLNode ? *at : *at->next();
+    return at == session_->file.baseXMLNode ? *at : *at->next();
 }
 
 dom::Node* HelpTree::findName(dom::Node& start, const wxString& text) const {

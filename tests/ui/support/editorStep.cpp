@@ -32,16 +32,16 @@ void expectTree(EditorWindow& editor) {
     const dom::Node* const selected =
         tree.isRow(session.selectedRow) ? session.selectedRow : nullptr;
     EXPECT_EQ(tree.selected(), selected);
-    EXPECT_EQ(treeRows(tree), documentLines(*session.baseXMLNode, selected, 0));
+    EXPECT_EQ(treeRows(tree), documentLines(*session.file.baseXMLNode, selected, 0));
     Nodes shown;
     for (const ModelRow& row : modelRows(tree))
         shown.push_back(row.node);
     Nodes held;
-    for (const dom::Node* node = session.baseXMLNode; node;
-         node = dom::nextInDocument(*node, *session.baseXMLNode))
+    for (const dom::Node* node = session.file.baseXMLNode; node;
+         node = dom::nextInDocument(*node, *session.file.baseXMLNode))
         held.push_back(node);
     EXPECT_EQ(shown, held);
-    EXPECT_EQ(shownRows(tree), documentRows(tree, *session.baseXMLNode));
+    EXPECT_EQ(shownRows(tree), documentRows(tree, *session.file.baseXMLNode));
 }
 
 void expectPanel(EditorWindow& editor) {
@@ -87,7 +87,7 @@ void expectLists(EditorWindow& editor) {
     expectList(*controls.lstImages, session.lstImages);
     if (session.lstFormulas.index) {
         EXPECT_EQ(editor.label(controls.lblFormulaHelp),
-                  session.formulaCatalogue.descriptionOf(session.lstFormulas.text()));
+                  session.file.formulaCatalogue.descriptionOf(session.lstFormulas.text()));
     }
     EXPECT_EQ(controls.Picture1->isEmpty(), !isPicture(chosenPicture(session)));
 }

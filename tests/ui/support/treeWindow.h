@@ -95,7 +95,7 @@ public:
     /// Key of the row that the control has selected; empty while there is none.
     std::string selectedKey() const {
         dom::Node* const row = tree->selected();
-        return row ? KeyOfTreeNode(*core.session.baseXMLNode, *row, keySeparator) : "";
+        return row ? KeyOfTreeNode(*core.session.file.baseXMLNode, *row, keySeparator) : "";
     }
 
     void expand(std::string_view key) { tree->Expand(item(key)); }
