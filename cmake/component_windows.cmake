@@ -36,4 +36,4 @@ set_source_files_properties(${component}/Tavisk.rc PROPERTIES
   COMPILE_DEFINITIONS "TAVISK_VERSION_NUMBERS=${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0;TAVISK_VERSION_TEXT=${PROJECT_VERSION}"
   INCLUDE_DIRECTORIES "${described};${component};${CMAKE_SOURCE_DIR};${wxWidgets_INCLUDE_DIRS}")
 target_link_libraries(tavisk_component PRIVATE ole32 oleaut32 uuid shell32 advapi32)
-include(${CMAKE_SOURCE_DIR}/packaging/windows/package.cmake)
+include(${CMAKE_SOURCE_DIR}/packaging/windows/install.cmake)
