@@ -1,9 +1,6 @@
 # Tavisk.dll: what it exports is in Tavisk.def, what it says about itself in Tavisk.rc, and its
 # classes are described by Tavisk.idl.
-set_target_properties(tavisk_component PROPERTIES OUTPUT_NAME Tavisk PREFIX "")
-set(component ${CMAKE_SOURCE_DIR}/src/component)
-set(described ${CMAKE_BINARY_DIR}/described)
-
+set(described ${PROJECT_BINARY_DIR}/described)
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
   set(widl_bits --win64)
 else()
@@ -25,15 +22,15 @@ add_custom_command(
   DEPENDS ${component}/Tavisk.idl VERBATIM)
 # Others that include the header depend on this.
 add_custom_target(tavisk_types DEPENDS ${described}/Tavisk.tlb ${described}/TaviskTypes.h)
-add_dependencies(tavisk_component tavisk_types)
-target_include_directories(tavisk_component SYSTEM PUBLIC ${described})
-
-target_sources(tavisk_component PRIVATE
-  ${described}/TaviskTypes.c ${component}/Tavisk.rc ${component}/Tavisk.def)
+add_dependencies(tavisk_component_core tavisk_types)
+target_include_directories(tavisk_component_core SYSTEM PUBLIC ${described})
+target_sources(tavisk_component_core PRIVATE ${described}/TaviskTypes.c)
 set_source_files_properties(${described}/TaviskTypes.c PROPERTIES COMPILE_OPTIONS -w)
+target_link_libraries(tavisk_component_core PUBLIC ole32 oleaut32 uuid shell32 advapi32)
+
+set_target_properties(tavisk_component PROPERTIES OUTPUT_NAME Tavisk PREFIX "")
+target_sources(tavisk_component PRIVATE ${component}/Tavisk.rc ${component}/Tavisk.def)
 set_source_files_properties(${component}/Tavisk.rc PROPERTIES
-  OBJECT_DEPENDS "${described}/Tavisk.tlb;${component}/Tavisk.dll.manifest;${CMAKE_SOURCE_DIR}/assets/Tavisk.ico"
+  OBJECT_DEPENDS "${described}/Tavisk.tlb;${component}/Tavisk.dll.manifest;${PROJECT_SOURCE_DIR}/assets/Tavisk.ico"
   COMPILE_DEFINITIONS "TAVISK_VERSION_NUMBERS=${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0;TAVISK_VERSION_TEXT=${PROJECT_VERSION}"
-  INCLUDE_DIRECTORIES "${described};${component};${CMAKE_SOURCE_DIR};${wxWidgets_INCLUDE_DIRS}")
-target_link_libraries(tavisk_component PRIVATE ole32 oleaut32 uuid shell32 advapi32)
-include(${CMAKE_SOURCE_DIR}/packaging/windows/install.cmake)
+  INCLUDE_DIRECTORIES "${described};${component};${PROJECT_SOURCE_DIR};${wxWidgets_INCLUDE_DIRS}")

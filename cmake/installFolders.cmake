@@ -8,6 +8,3 @@ include(GNUInstallDirs)
 # Pages are written beside the library where that is allowed, so it has a folder of its own.
 set(TAVISK_OWN_FOLDER ${CMAKE_INSTALL_LIBDIR}/tavisk)
 file(RELATIVE_PATH TAVISK_LIBRARY_FOLDER ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-
-# Part of the library's name; docs/abi.md says when it changes.
-set(TAVISK_ABI 0)

@@ -1,12 +1,12 @@
 # What depends on the system that is built for. A file that is special to one system says so in its
 # name; the others' files are left out.
 if(WIN32)
+  set(system windows)
   set(other_systems "_(linux|gtk)\\.cpp$")
   enable_language(RC)
   add_compile_definitions(UNICODE _UNICODE NOMINMAX)
-  # Static libraries do not say by themselves that they are.
-  set(TAVISK_XML_DEFINITIONS LIBXML_STATIC)
 else()
+  set(system linux)
   set(other_systems "_(windows|msw)\\.cpp$")
   # Addresses of other libraries are found at the start and cannot be changed afterwards.
   add_link_options(-Wl,-z,relro,-z,now)

@@ -1,11 +1,11 @@
 # The Debian packages, by CPack: libtavisk0, libtavisk-dev and tavisk, from the components lib, dev
 # and command.
-set(debian ${CMAKE_SOURCE_DIR}/packaging/debian)
+set(debian ${PROJECT_SOURCE_DIR}/packaging/debian)
 set(library_package libtavisk${TAVISK_ABI})
 set(TAVISK_PACKAGE_VERSION ${PROJECT_VERSION}-1)
 
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/packages)
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(TAVISK_MAINTAINER "Tavisk contributors <maintainers@tavisk.invalid>" CACHE STRING
   "Who answers for the packages")
@@ -65,5 +65,5 @@ include(CPack)
 
 find_program(TAVISK_CPACK cpack REQUIRED)
 add_custom_target(tavisk_package
-  COMMAND ${debian}/make.sh ${CMAKE_BINARY_DIR} ${TAVISK_CPACK}
+  COMMAND ${debian}/make.sh ${PROJECT_BINARY_DIR} ${TAVISK_CPACK}
   DEPENDS tavisk_component tavisk_command USES_TERMINAL VERBATIM)

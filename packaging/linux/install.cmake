@@ -1,8 +1,8 @@
 # What `cmake --install` puts where, for Linux. lib: what a host loads; dev: what a host is built
 # with; command: tavisk and what a desktop has to know of it.
 include(CMakePackageConfigHelpers)
-set(linux ${CMAKE_SOURCE_DIR}/packaging/linux)
-set(made ${CMAKE_BINARY_DIR}/install)
+set(linux ${PROJECT_SOURCE_DIR}/packaging/linux)
+set(made ${PROJECT_BINARY_DIR}/install)
 
 # The library is in a folder of its own; those where libraries are looked for have links to it.
 install(TARGETS tavisk_component EXPORT TaviskTargets
@@ -15,7 +15,7 @@ endforeach()
 install(FILES ${made}/libtavisk.so.${TAVISK_ABI} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT lib)
 install(FILES ${made}/libtavisk.so DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT dev)
 
-file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/include/tavisk/*.h)
+file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/tavisk/*.h)
 install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tavisk COMPONENT dev)
 set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/Tavisk)
 install(EXPORT TaviskTargets NAMESPACE Tavisk:: DESTINATION ${config_folder} COMPONENT dev)
@@ -53,11 +53,11 @@ set(data ${CMAKE_INSTALL_DATADIR})
 install(FILES ${linux}/mime.xml DESTINATION ${data}/mime/packages
   RENAME tavisk.xml COMPONENT command)
 install(FILES ${linux}/tavisk.desktop DESTINATION ${data}/applications COMPONENT command)
-install(FILES ${CMAKE_SOURCE_DIR}/assets/tavisk.svg
+install(FILES ${PROJECT_SOURCE_DIR}/assets/tavisk.svg
   DESTINATION ${data}/icons/hicolor/scalable/apps COMPONENT command)
 
 # Debian's packages bring these in their own form.
-install(FILES ${CMAKE_SOURCE_DIR}/LICENSE ${CMAKE_SOURCE_DIR}/CHANGELOG.md
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT doc)
 
 include(packaging/debian/package.cmake)

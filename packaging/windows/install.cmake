@@ -1,5 +1,5 @@
 # What is delivered for Windows: the target tavisk_package makes one zip file with everything in it.
-set(packaging ${CMAKE_SOURCE_DIR}/packaging/windows)
+set(packaging ${PROJECT_SOURCE_DIR}/packaging/windows)
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
   set(TAVISK_BITS 64)
   set(TAVISK_ASSEMBLY_ARCHITECTURE amd64)
@@ -11,17 +11,17 @@ else()
   set(TAVISK_SYSTEM_FOLDER SysWOW64)
 endif()
 # Beside the library, as in the package.
-configure_file(${packaging}/Tavisk.X.manifest.in ${CMAKE_BINARY_DIR}/Tavisk.X.manifest @ONLY)
+configure_file(${packaging}/Tavisk.X.manifest.in ${PROJECT_BINARY_DIR}/Tavisk.X.manifest @ONLY)
 foreach(name install.cmd uninstall.cmd README.txt)
-  configure_file(${packaging}/${name}.in ${CMAKE_BINARY_DIR}/package/${name} @ONLY
+  configure_file(${packaging}/${name}.in ${PROJECT_BINARY_DIR}/package/${name} @ONLY
     NEWLINE_STYLE WIN32)
 endforeach()
 
-set(package ${CMAKE_BINARY_DIR}/Tavisk-${PROJECT_VERSION}-windows-${TAVISK_ARCH}.zip)
+set(package ${PROJECT_BINARY_DIR}/Tavisk-${PROJECT_VERSION}-windows-${TAVISK_ARCH}.zip)
 file(GLOB packaged CONFIGURE_DEPENDS
-  ${CMAKE_SOURCE_DIR}/examples/door.xml ${CMAKE_SOURCE_DIR}/examples/windows/* ${packaging}/* ${TAVISK_LIBRARIES}/licences/*)
+  ${PROJECT_SOURCE_DIR}/examples/door.xml ${PROJECT_SOURCE_DIR}/examples/windows/* ${packaging}/* ${TAVISK_LIBRARIES}/licences/*)
 add_custom_command(OUTPUT ${package}
-  COMMAND ${TAVISK_PYTHON} ${packaging}/package.py ${package} --build ${CMAKE_BINARY_DIR}
+  COMMAND ${TAVISK_PYTHON} ${packaging}/package.py ${package} --build ${PROJECT_BINARY_DIR}
           --libraries ${TAVISK_LIBRARIES}
   DEPENDS tavisk_component tavisk_types ${assets} ${packaged} VERBATIM)
 add_custom_target(tavisk_package DEPENDS ${package})

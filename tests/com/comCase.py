@@ -11,7 +11,7 @@ from pathlib import Path
 
 HERE = Path(__file__).resolve().parent
 LIBRARY = Path(os.environ["TAVISK_LIBRARY"])
-PROGRAMS = Path(os.environ["TAVISK_PROGRAMS"])  # folder of the test programs
+PROGRAMS = Path(os.environ["TAVISK_HOSTS"])  # folder of the test programs
 WINE = [os.environ["TAVISK_WINE"], os.environ["TAVISK_WINE_FOLDER"]]  # what stands before a program
 SHIPPED = [LIBRARY.name, "cabinet.png", "style.css", "Tavisk.X.manifest"]
 DEADLINE_SECONDS = 120
