@@ -19,6 +19,22 @@ gtk-cursor-blink=0
 gtk-enable-animations=0
 gtk-overlay-scrolling=0
 END
+# The same letters on any machine: these fonts and no others, which it may have besides. A slanted
+# face that is there on one machine is made from the upright one on another.
+cat > "$work/fonts.conf" << 'END'
+<fontconfig>
+  <include>/etc/fonts/fonts.conf</include>
+  <selectfont>
+    <acceptfont>
+      <glob>*/DejaVuSans.ttf</glob>
+      <glob>*/DejaVuSans-Bold.ttf</glob>
+      <glob>*/LiberationSans-*.ttf</glob>
+    </acceptfont>
+    <rejectfont><glob>*</glob></rejectfont>
+  </selectfont>
+</fontconfig>
+END
+export FONTCONFIG_FILE=$work/fonts.conf
 XDG_CONFIG_HOME=$work/config GTK_THEME=Adwaita TAVISK_SCREEN=1280x900 tools/withDisplay.sh \
     /usr/bin/python3 tools/guide.py "$build" "$document" "$images" > /dev/null 2> "$work/log" ||
     { cat "$work/log" >&2; exit 1; }

@@ -35,7 +35,7 @@ public:
     std::optional<Message> load(std::string_view xml) { return file.load(dom::Source::copy(xml)); }
     void loadNodes(std::string_view nodes) {
         if (const auto refusal = load(documentOf(nodes)))
-            throw std::runtime_error("the test's own document: " + refusal->text);
+            throw std::runtime_error("the test's own document: " + refusal->reason);
     }
 
     /// The row that a key leads to, for example "cabinet=>a".

@@ -39,7 +39,7 @@ public:
                                std::string(elements) + "</cabinetinfo>"}) {}
     explicit EditorWindow(const HelpXml& document) {
         const auto refusal = core.load(document.text);
-        if (refusal) throw std::runtime_error("the test's own document: " + refusal->text);
+        if (refusal) throw std::runtime_error("the test's own document: " + refusal->reason);
         window = new frmMain(core.session);
         window->Show();
         pumpUntil([this] { return window->IsShownOnScreen(); });
