@@ -32,7 +32,7 @@ public:
     OpenFile() { files.put("/app/cabinet.png", "PNG"); }
     explicit OpenFile(std::string_view nodes) : OpenFile() { loadNodes(nodes); }
 
-    std::optional<Message> load(std::string_view xml) { return file.load(dom::Source::copy(xml)); }
+    std::optional<Refusal> load(std::string_view xml) { return file.load(dom::Source::copy(xml)); }
     void loadNodes(std::string_view nodes) {
         if (const auto refusal = load(documentOf(nodes)))
             throw std::runtime_error("the test's own document: " + refusal->reason);

@@ -33,8 +33,8 @@ void describe(const Files::Write& out, const std::string& what, const std::strin
     HelpFile file(files, folder);
     out("== " + what + "\n");
     try {
-        if (const auto message = file.load(dom::Source::copy(xml))) {
-            out("rejected: " + message->text + "\n");
+        if (const auto refusal = file.load(dom::Source::copy(xml))) {
+            out("rejected: " + refusal->message().text + "\n");
             return;
         }
         action(file);
