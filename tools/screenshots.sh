@@ -20,18 +20,16 @@ gtk-enable-animations=0
 gtk-overlay-scrolling=0
 END
 # The same letters on any machine: these fonts and no others, which it may have besides. A slanted
-# face that is there on one machine is made from the upright one on another.
-cat > "$work/fonts.conf" << 'END'
+# face that one machine has is made from the upright one on another.
+mkdir "$work/fonts"
+ln -s /usr/share/fonts/truetype/dejavu/DejaVuSans.ttf \
+    /usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf \
+    /usr/share/fonts/truetype/liberation*/LiberationSans-*.ttf "$work/fonts"
+cat > "$work/fonts.conf" << END
 <fontconfig>
-  <include>/etc/fonts/fonts.conf</include>
-  <selectfont>
-    <acceptfont>
-      <glob>*/DejaVuSans.ttf</glob>
-      <glob>*/DejaVuSans-Bold.ttf</glob>
-      <glob>*/LiberationSans-*.ttf</glob>
-    </acceptfont>
-    <rejectfont><glob>*</glob></rejectfont>
-  </selectfont>
+  <dir>$work/fonts</dir>
+  <cachedir>$work/fontCache</cachedir>
+  <include>/etc/fonts/conf.d</include>
 </fontconfig>
 END
 export FONTCONFIG_FILE=$work/fonts.conf
