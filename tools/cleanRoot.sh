@@ -79,6 +79,11 @@ in_root() {
             DEBIAN_FRONTEND=noninteractive "${@:2}"' "$root" "$packages" "$@"
 }
 
+# Leaves the package manager's own folder as it leaves it itself, where packages are not kept.
+settle() {
+    "$here/ownMounts.sh" chroot "$1" /usr/bin/apt-get clean
+}
+
 install() {
     in_root "$1" apt-get -y --no-install-recommends install "${@:2}"
 }
@@ -111,12 +116,14 @@ make_fresh() {
 make_bare() {
     make_smallest "$roots/bare"
     in_root "$roots/bare" apt-get -y --no-install-recommends satisfy "$(paste -sd, <<< "$needed")"
+    settle "$roots/bare"
 }
 
 make_full() {
     cp -a --reflink=auto "$roots/bare" "$roots/full"
     # shellcheck disable=SC2086
     install "$roots/full" $tools
+    settle "$roots/full"
 }
 
 for step in $steps; do
