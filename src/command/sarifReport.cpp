@@ -79,7 +79,7 @@ public:
     std::string add(const CheckedDocument& document) override {
         for (const Finding& finding : document.findings)
             writeResult(json_, document.file, finding);
-        if (document.error) failed_.push_back({document.file, *document.error});
+        if (document.error) failed_.emplace_back(document.file, *document.error);
         return json_.take();
     }
 
