@@ -154,10 +154,10 @@ void HelpFile::normalise(dom::Node& row) {
 }
 
 void HelpFile::removeMarkers() {
-    const std::vector<dom::Node*> locations = articledoc->elementsByTagName("location");
     // From the last to the first: one inside another one goes before it.
-    for (auto location = locations.rbegin(); location != locations.rend(); ++location)
-        removeElement(**location);
+    for (std::vector<dom::Node*> locations = articledoc->elementsByTagName("location");
+         !locations.empty(); locations.pop_back())
+        removeElement(*locations.back());
 }
 
 void HelpFile::addGeneratedPicture() {
