@@ -14,7 +14,7 @@ const std::string& documentOfSize(std::int64_t size) {
 
 void LoadedSession::load(std::string_view xml) {
     if (const auto message = session_.load(dom::Source::copy(xml))) {
-        throw std::runtime_error(message->text);
+        throw std::runtime_error(message->reason);
     }
 }
 
